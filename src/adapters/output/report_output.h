@@ -1,0 +1,59 @@
+// A finished report seen from outside: its pages as PDF, its rows as a table.
+#pragma once
+
+#include "base/byte_sink.h"
+#include "base/ref.h"
+#include "platform/CrystalRuntime.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace qbrpt {
+
+/// Pages to make, counted from 1, both included; nothing stands for the first and the last page.
+struct PageRange {
+    std::optional<std::int32_t> first;
+    std::optional<std::int32_t> last;
+};
+
+/// Called now and then with the pages done; may raise Failure Cancelled.
+using PageProgress = std::function<void(std::size_t done, std::size_t all)>;
+
+/// The report runtime's reports can be written out.
+class ReportOutput {
+public:
+    virtual ~ReportOutput() = default;
+    [[nodiscard]] virtual std::string Title() = 0;
+    [[nodiscard]] virtual std::int32_t PageCount() = 0;
+    /// The printer that SelectPrinter named; empty before that.
+    [[nodiscard]] virtual std::string Device() = 0;
+    virtual void WritePdf(ByteSink& sink, const PageRange& range, const PageProgress& progress) = 0;
+    /// The bound rows: UTF-8 with byte order mark, a header line of the field names.
+    virtual void WriteCsv(ByteSink& sink) = 0;
+};
+
+/// The output side of a report; a report that has none is a Failure.
+[[nodiscard]] ReportOutput& OutputOf(const Ref<CrystalRuntime::Report>& report);
+
+/// What PrintOut asks of the printer.
+struct PrintJob {
+    std::string device;
+    std::string title;
+    std::int16_t paperSize = 9;
+    std::int16_t orientation = 1;
+    std::int32_t copies = 1;
+    PageRange pages;
+};
+
+/// Takes a report to paper. The default hands the PDF to the printer of the job; a command-line host
+/// writes files in its place.
+class Delivery {
+public:
+    virtual ~Delivery() = default;
+    virtual void Print(ReportOutput& report, const PrintJob& job) = 0;
+};
+
+} // namespace qbrpt

@@ -1,0 +1,37 @@
+// A statement of the system's dialect, made into one of the engine behind it.
+#pragma once
+
+#include "dialect/catalogue.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qbrpt::dialect {
+
+enum class StatementKind : std::uint8_t { Select, Insert, Update, Delete };
+
+/// One parameter of a statement, in the order in which callers count them from 0: those of the
+/// PARAMETERS clause first, then other unknown names in the order of their first use.
+struct Parameter {
+    std::string name;
+    ValueKind kind = ValueKind::Null;
+};
+
+struct OutputColumn {
+    std::string name; ///< the alias, the column's name, or Expr1000, Expr1001, ... as the dialect counts
+    ValueKind kind = ValueKind::Null; ///< inferred; Null where any kind may come
+};
+
+struct Translation {
+    StatementKind kind = StatementKind::Select;
+    std::string sql; ///< for SQLite; parameter n is written ?n+1
+    std::vector<Parameter> parameters;
+    std::vector<OutputColumn> columns; ///< of a SELECT
+};
+
+/// Translates one statement for SQLite. Raises a Failure that says what is wrong and where: line, column
+/// and the word (SyntaxError, UnknownName, or WriteRefused where a second statement follows).
+[[nodiscard]] Translation TranslateForSqlite(std::string_view statement, const Catalogue& catalogue);
+
+} // namespace qbrpt::dialect

@@ -1,0 +1,39 @@
+#include "platform/desktop.h"
+
+namespace qbrpt {
+
+WindowHandle Windows::GetForegroundWindow() {
+    Announce("Windows", "GetForegroundWindow");
+    return DoGetForegroundWindow();
+}
+
+WindowHandle Windows::GetParent(WindowHandle window) {
+    Announce("Windows", "GetParent", {std::int64_t{window}});
+    return DoGetParent(window);
+}
+
+void Screen::SetMousePointer(Pointer pointer) {
+    Announce("Screen", "MousePointer", {std::int64_t{static_cast<std::int16_t>(pointer)}});
+    DoSetMousePointer(pointer);
+}
+
+void Screen::Beep() {
+    Announce("Screen", "Beep");
+    DoBeep();
+}
+
+BoxAnswer MessageBoxes::MsgBox(const std::string& text, int style, const std::optional<std::string>& title) {
+    const std::string shownTitle = title.value_or(std::string{DefaultBoxTitle});
+    Announce("MessageBoxes", "MsgBox", {text, std::int64_t{style}, shownTitle});
+    const BoxAnswer answer = DoMsgBox(text, style, shownTitle);
+    Answer("MessageBoxes", "MsgBox", {text, std::int64_t{style}, shownTitle},
+           std::int64_t{static_cast<std::int16_t>(answer)});
+    return answer;
+}
+
+double Clock::Now() {
+    Announce("Clock", "Now");
+    return DoNow();
+}
+
+} // namespace qbrpt

@@ -1,0 +1,73 @@
+// The desktop around the component: windows, pointer, message boxes, clock.
+#pragma once
+
+#include "platform/port.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace qbrpt {
+
+/// 32-bit handle of a window; 0 is none.
+using WindowHandle = std::uint32_t;
+
+class Windows : public Port {
+public:
+    /// The window in front, if it belongs to this process; else 0. Also 0 where there is no display.
+    [[nodiscard]] WindowHandle GetForegroundWindow();
+    /// The owner or parent of a window; 0 for a top window, for 0 and for a window that is gone.
+    [[nodiscard]] WindowHandle GetParent(WindowHandle window);
+
+private:
+    virtual WindowHandle DoGetForegroundWindow() = 0;
+    virtual WindowHandle DoGetParent(WindowHandle window) = 0;
+};
+
+/// Mouse pointer codes.
+enum class Pointer : std::int16_t { Default = 0, Wait = 11, ArrowHourglass = 13 };
+
+class Screen : public Port {
+public:
+    void SetMousePointer(Pointer pointer);
+    void Beep();
+
+private:
+    virtual void DoSetMousePointer(Pointer pointer) = 0;
+    virtual void DoBeep() = 0;
+};
+
+/// Message box styles: an icon, a set of buttons and reading flags, added up.
+namespace BoxStyle {
+constexpr int Plain = 0;       ///< OK alone
+constexpr int RetryCancel = 5; ///< Retry and Cancel
+constexpr int Critical = 16;   ///< critical icon
+constexpr int CriticalRetryCancel = 21;
+} // namespace BoxStyle
+
+enum class BoxAnswer : std::int16_t { Ok = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7 };
+
+/// The title of a box that is given none.
+constexpr std::string_view DefaultBoxTitle = "qbrpt";
+
+class MessageBoxes : public Port {
+public:
+    /// Shows `text` and waits for the answer. No `title` stands for DefaultBoxTitle. Without a display
+    /// the box goes to standard error and is answered at once.
+    BoxAnswer MsgBox(const std::string& text, int style,
+                     const std::optional<std::string>& title = std::nullopt);
+
+private:
+    virtual BoxAnswer DoMsgBox(const std::string& text, int style, const std::string& title) = 0;
+};
+
+class Clock : public Port {
+public:
+    /// The local time as a day number.
+    [[nodiscard]] double Now();
+
+private:
+    virtual double DoNow() = 0;
+};
+
+} // namespace qbrpt

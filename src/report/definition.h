@@ -1,0 +1,156 @@
+// What a layout says: sections, objects, groups, totals. A report object owns a copy and changes it
+// (texts, fonts, suppression); the paginator only reads it.
+#pragma once
+
+#include "base/fields.h"
+#include "base/picture.h"
+#include "report/page.h"
+#include "report/text_port.h"
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace qbrpt::report {
+
+/// How a value is written out.
+enum class ValueFormat : std::uint8_t {
+    Text,     ///< as it is
+    Money,    ///< 1,234.50
+    Count,    ///< 1,234
+    Decimal,  ///< 1,234.5: grouped, up to two decimals, none that are zero
+    Percent,  ///< 12.5% of a fraction 0.125
+    Duration, ///< minutes as h:mm
+    Date,     ///< dd/MM/yyyy
+    Time,     ///< hh:mm
+    DateTime, ///< dd/MM/yyyy hh:mm
+    YesNo,    ///< نعم, لا
+    Picture   ///< by Object::picture
+};
+
+enum class Align : std::uint8_t { Right, Centre, Left };
+
+enum class Aggregate : std::uint8_t { Sum, Count, Average, Minimum, Maximum };
+enum class Scope : std::uint8_t { Report, Group, Page };
+
+/// A total of one field. Nulls take no part: sums skip them, averages divide by what is there; with
+/// nothing to add up the total is empty.
+struct Total {
+    Aggregate aggregate = Aggregate::Sum;
+    int field = 0;
+    Scope scope = Scope::Report;
+    int group = 0; ///< Scope::Group: index into Definition::groups
+    friend bool operator==(const Total&, const Total&) = default;
+};
+
+enum class ObjectType : std::uint8_t { Text, Field, Total, Line, Box, Picture, Subreport };
+
+/// When a line between rows is drawn.
+enum class LineWhen : std::uint8_t { Always, BetweenRows };
+
+struct Font {
+    FontSpec spec;
+    int charset = 178;
+};
+
+struct Object {
+    std::string name;
+    ObjectType type = ObjectType::Text;
+
+    /// Place in twips. `right` is the distance of the object's right edge from the template's right edge:
+    /// pages are read from there. `top` is measured in the section.
+    Twips right = 0;
+    Twips top = 0;
+    Twips width = 0;
+    Twips height = 0;
+
+    Font font;
+    Color color = 0;
+    std::optional<Color> zeroColor; ///< for figures that are zero
+    Align align = Align::Right;
+    Twips baseline = 0;        ///< of the first line, from `top`
+    Twips lineStep = 0;        ///< from one baseline to the next
+    bool canGrow = false;      ///< wraps and makes its section taller; else one line
+    Twips shrinkTo = 0;        ///< a figure or line too wide may shrink to this size; 0: it may not
+    bool hideRepeated = false; ///< empty where the row before on this page shows the same value
+
+    /// Text: may hold {page}, {pages}, {printed}, {rows}, {rows:NOUN}, {text:OBJECT}, {field:FIELD},
+    /// {group} (the value of the section's group), {continued} (the group's second and later pages).
+    std::string text;
+    int field = -1; ///< Field: position in the field list
+    Total total;
+    ValueFormat format = ValueFormat::Text;
+    std::string picture;
+
+    std::int32_t stroke = 0;   ///< Line, Box: hundredths of a point; 0: no outline
+    std::optional<Color> fill; ///< Box
+    LineWhen when = LineWhen::Always;
+    bool fullHeight = false; ///< Box: reaches to the bottom of a section that has grown
+    bool atBottom = false;   ///< Line: `top` is measured upwards from the bottom of a grown section
+    /// Line between rows: objects whose value repeats on the next row push its right end left of them.
+    bool yieldsToRepeated = false;
+
+    std::shared_ptr<const qbrpt::Picture> image;
+    std::string subreport;
+    bool suppress = false;
+};
+
+enum class SectionKind : std::uint8_t {
+    ReportHeader, ///< once, on the first page
+    PageHeader,   ///< at the top of the pages that `on` names
+    GroupHeader,
+    Details,
+    GroupFooter,
+    ReportFooter, ///< once, behind the last row
+    PageFooter    ///< at the bottom of the pages that `on` names
+};
+
+enum class OnPages : std::uint8_t { All, First, Later };
+
+struct Section {
+    std::string name;
+    SectionKind kind = SectionKind::Details;
+    OnPages on = OnPages::All;
+    int group = 0; ///< of a group header or footer
+    Twips height = 0;
+    bool keepTogether = true; ///< moves to the next page whole, unless taller than a page
+    bool repeat = false;      ///< group header: again at the top of each page of the group
+    bool suppress = false;
+    std::vector<Object> objects;
+};
+
+struct Group {
+    int field = 0; ///< rows with equal values of this field, one after the other, make a group
+};
+
+/// The words for a number of things: قيد واحد, قيدان, 8 قيود, 11 قيدًا, 100 قيد.
+struct CountedNoun {
+    std::string one;     ///< 1, as a whole
+    std::string two;     ///< 2, as a whole
+    std::string few;     ///< 3 to 10, behind the number
+    std::string many;    ///< 11 to 99, behind the number
+    std::string hundred; ///< 100, 101, 102, and 0, behind the number
+};
+
+struct Definition {
+    std::string name;
+    Twips width = 0;         ///< the template's page width; centred on the paper
+    Twips top = 0;           ///< blank above the first section of a page
+    Twips bottom = 0;        ///< blank below the page footer
+    std::string titleObject; ///< its text becomes the document's title
+    std::span<const Field> fields;
+    std::vector<Group> groups; ///< outermost first
+    std::map<std::string, CountedNoun> nouns;
+    std::vector<Section> sections; ///< in the order of their names' numbers, as code walks them
+    std::map<std::string, std::shared_ptr<const Definition>> subreports;
+};
+
+/// The object of this name in any section, or null.
+[[nodiscard]] Object* FindObject(Definition& definition, std::string_view name);
+[[nodiscard]] const Object* FindObject(const Definition& definition, std::string_view name);
+[[nodiscard]] Section* FindSection(Definition& definition, std::string_view name);
+
+} // namespace qbrpt::report
