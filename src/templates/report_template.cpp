@@ -1,0 +1,60 @@
+#include "templates/report_template.h"
+
+#include "platform/platform.h"
+#include "support/Startupmdl.h"
+
+#include <vector>
+
+namespace qbrpt {
+
+ReportTemplate::ReportTemplate(std::string_view name)
+    : mFacts(FactsOf(name)),
+      mReport(Platform::Current().reports->NewReport(std::string(name), mFacts.fields)) {
+    Report_Initialize();
+}
+
+void ReportTemplate::Report_Initialize() {
+    if (mFacts.fontPass) ApplyReportFonts(mReport);
+    mFirstSectionHeight = mReport->Sections(1)->Height();
+}
+
+void ReportTemplate::SetHotelInfo(const std::string& Name1, const std::string& addr1,
+                                  const std::string& addr2) {
+    TellObservers("SetHotelInfo", {Name1, addr1, addr2});
+    const auto write = [this](const char* object, const std::string& text) {
+        mReport->ObjectNamed(object)->SetText(text);
+    };
+    switch (mFacts.heading) {
+    case HotelHeading::None:
+        throw Failure(FailureNumber::NotInCollection,
+                      "The report template \"" + std::string(mFacts.name) + "\" has no member SetHotelInfo.");
+    case HotelHeading::TopBottom:
+        write("HotelNameTextTop", Name1);
+        write("HotelNameTextBottom", Name1);
+        break;
+    case HotelHeading::NameOnly:
+    case HotelHeading::NameAddress:
+        write("HotelNameText", Name1);
+    }
+    if (mFacts.heading == HotelHeading::NameOnly) return;
+    write("HotelAddr1Text", addr1);
+    write("HotelAddr2Text", addr2);
+}
+
+void ReportTemplate::SetTitleText(std::string_view member, const std::string& object,
+                                  const std::string& text) {
+    TellObservers(member, {text});
+    mReport->ObjectNamed(object)->SetText(text);
+}
+
+void ReportTemplate::HandleFormat(const std::string& section, const std::function<void()>& handler) {
+    mReport->OnFormat(section, [handler, alive = std::weak_ptr<const bool>(mAlive)] {
+        if (!alive.expired()) handler();
+    });
+}
+
+void ReportTemplate::TellObservers(std::string_view member, std::initializer_list<Value> arguments) {
+    Platform::Current().observers.MemberCalled(member, std::vector<Value>(arguments));
+}
+
+} // namespace qbrpt
