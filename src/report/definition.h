@@ -33,23 +33,36 @@ enum class ValueFormat : std::uint8_t {
 
 enum class Align : std::uint8_t { Right, Centre, Left };
 
+/// A test of one field of the row: the current one, in a header the first, in a footer the last of its rows.
+struct Condition {
+    enum class Test : std::uint8_t { Positive, Negative, Zero, NotZero, Empty, Filled };
+    int field = 0; ///< as in Object::field
+    Test test = Test::Filled;
+    friend bool operator==(const Condition&, const Condition&) = default;
+};
+
 enum class Aggregate : std::uint8_t { Sum, Count, Average, Minimum, Maximum };
 enum class Scope : std::uint8_t { Report, Group, Page };
 
 /// A total of one field. Nulls take no part: sums skip them, averages divide by what is there; with
 /// nothing to add up the total is empty.
+///
+/// In a header (report, page, group) a total is that of its whole scope; in a section below rows it is
+/// that of the rows down to there. Page totals stand below rows only.
 struct Total {
     Aggregate aggregate = Aggregate::Sum;
-    int field = 0;
+    int field = 0; ///< as in Object::field
     Scope scope = Scope::Report;
-    int group = 0; ///< Scope::Group: index into Definition::groups
+    int group = 0;                 ///< Scope::Group: index into Definition::groups
+    std::optional<Condition> when; ///< only rows for which it holds
     friend bool operator==(const Total&, const Total&) = default;
 };
 
 enum class ObjectType : std::uint8_t { Text, Field, Total, Line, Box, Picture, Subreport };
 
-/// When a line between rows is drawn.
-enum class LineWhen : std::uint8_t { Always, BetweenRows };
+/// When a line of a Details section is drawn. A page or a group that ends parts rows, so that no line
+/// between rows stands under the last of them.
+enum class LineWhen : std::uint8_t { Always, BetweenRows, FirstOnPage, LastOnPage };
 
 struct Font {
     FontSpec spec;
@@ -77,10 +90,12 @@ struct Object {
     Twips shrinkTo = 0;        ///< a figure or line too wide may shrink to this size; 0: it may not
     bool hideRepeated = false; ///< empty where the row before on this page shows the same value
 
-    /// Text: may hold {page}, {pages}, {printed}, {rows}, {rows:NOUN}, {text:OBJECT}, {field:FIELD},
-    /// {group} (the value of the section's group), {continued} (the group's second and later pages).
+    /// Text: may hold {page}, {pages}, {printed}, {rows}, {rows:NOUN} (of the section's group, else of the
+    /// report), {text:OBJECT} (a text, or a field or total written out), {field:FIELD}, {group} (the value
+    /// of the section's group), {continued} (on the group's second and later pages).
     std::string text;
-    int field = -1; ///< Field: position in the field list
+    bool literal = false; ///< Text: shown as it stands, braces too; for texts that a host has set
+    int field = -1;       ///< Field: position in the field list, behind its end into Definition::computed
     Total total;
     ValueFormat format = ValueFormat::Text;
     std::string picture;
@@ -92,6 +107,12 @@ struct Object {
     bool atBottom = false;   ///< Line: `top` is measured upwards from the bottom of a grown section
     /// Line between rows: objects whose value repeats on the next row push its right end left of them.
     bool yieldsToRepeated = false;
+    /// Text: begins where the text of this object of the same section ends, `right` twips further on.
+    std::string follows;
+    std::optional<Condition> showWhen; ///< nothing is drawn where it does not hold
+    /// Box: drawn from its right edge as wide as this field's part of `barFull`; -1: no bar.
+    int barField = -1;
+    double barFull = 1;
 
     std::shared_ptr<const qbrpt::Picture> image;
     std::string subreport;
@@ -99,7 +120,7 @@ struct Object {
 };
 
 enum class SectionKind : std::uint8_t {
-    ReportHeader, ///< once, on the first page
+    ReportHeader, ///< once, above the page header of the first page
     PageHeader,   ///< at the top of the pages that `on` names
     GroupHeader,
     Details,
@@ -116,14 +137,33 @@ struct Section {
     OnPages on = OnPages::All;
     int group = 0; ///< of a group header or footer
     Twips height = 0;
-    bool keepTogether = true; ///< moves to the next page whole, unless taller than a page
-    bool repeat = false;      ///< group header: again at the top of each page of the group
+    bool keepTogether = true;   ///< moves to the next page whole, unless taller than a page
+    bool repeat = false;        ///< group header: again at the top of each page of the group
+    bool newPageBefore = false; ///< group header: not for the first group
+    bool newPageAfter = false;  ///< group footer: not behind the last row
+    bool formatEvent = false;   ///< DocumentContext::onFormat is called for it
     bool suppress = false;
     std::vector<Object> objects;
 };
 
+/// Rows with equal values of a field, one after the other, make a group. Texts are equal without regard to
+/// the case of Latin letters, as the database sorts them.
 struct Group {
-    int field = 0; ///< rows with equal values of this field, one after the other, make a group
+    enum class By : std::uint8_t { Value, Day };
+    int field = 0;                          ///< as in Object::field; -1: all rows are one group
+    By by = By::Value;                      ///< Day: the whole days of a date
+    ValueFormat format = ValueFormat::Text; ///< how {group} is written
+    std::string picture;
+    std::string whenEmpty; ///< what {group} says where the value is empty
+};
+
+/// A value worked out from two fields of the row; empty where one of them is.
+struct Computed {
+    enum class Operation : std::uint8_t { Add, Subtract, Multiply, Divide };
+    std::string name;
+    Operation operation = Operation::Multiply;
+    int left = 0;  ///< position in the field list
+    int right = 0; ///< position in the field list
 };
 
 /// The words for a number of things: قيد واحد, قيدان, 8 قيود, 11 قيدًا, 100 قيد.
@@ -142,9 +182,14 @@ struct Definition {
     Twips bottom = 0;        ///< blank below the page footer
     std::string titleObject; ///< its text becomes the document's title
     std::span<const Field> fields;
-    std::vector<Group> groups; ///< outermost first
+    std::vector<Computed> computed; ///< further fields, behind those of the list
+    std::vector<Group> groups;      ///< outermost first
     std::map<std::string, CountedNoun> nouns;
-    std::vector<Section> sections; ///< in the order of their names' numbers, as code walks them
+    /// In the order of their names' numbers, as code walks them. On paper the kinds follow each other as
+    /// SectionKind lists them; sections of one kind in this order.
+    std::vector<Section> sections;
+    /// By Object::subreport. A section with a subreport object is drawn down to that object's top; from
+    /// there the subreport's sections flow, without page headers and footers.
     std::map<std::string, std::shared_ptr<const Definition>> subreports;
 };
 
@@ -152,5 +197,15 @@ struct Definition {
 [[nodiscard]] Object* FindObject(Definition& definition, std::string_view name);
 [[nodiscard]] const Object* FindObject(const Definition& definition, std::string_view name);
 [[nodiscard]] Section* FindSection(Definition& definition, std::string_view name);
+
+/// The position of a field or computed value by its name, or -1.
+[[nodiscard]] int FieldNamed(const Definition& definition, std::string_view name);
+
+/// What is wrong with the placeholders of `text`, or empty.
+[[nodiscard]] std::string PlaceholderProblem(const Definition& definition, std::string_view text);
+
+/// What keeps `definition` from being laid out (a field, group, noun or object that is not there, a length
+/// out of bounds), or empty.
+[[nodiscard]] std::string DefinitionProblem(const Definition& definition);
 
 } // namespace qbrpt::report

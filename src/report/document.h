@@ -8,8 +8,9 @@
 
 #include <cstddef>
 #include <functional>
+#include <map>
 #include <memory>
-#include <string_view>
+#include <string>
 
 namespace qbrpt::report {
 
@@ -24,8 +25,10 @@ struct DocumentContext {
     TextPort* text = nullptr;
     Sheet sheet;
     double printedAt = 0; ///< day number that {printed} shows
-    /// Called before a section that `hasFormatEvent` is formatted, each time; may change texts and
-    /// pictures of the definition. Page counts from 1.
+    /// Rows of the subreports by Object::subreport; one without rows here is left out.
+    std::map<std::string, std::shared_ptr<const RowSource>> subreportRows;
+    /// Called before a section with `formatEvent` is measured or drawn, each time; may change texts,
+    /// pictures, places and suppression of objects, not fonts. Page counts from 1.
     std::function<void(const Section& section, std::int32_t page)> onFormat;
     /// Called now and then during long work with the rows or pages done; throws Failure Cancelled to stop.
     std::function<void(std::size_t done, std::size_t all)> onProgress;
