@@ -1,8 +1,9 @@
-// The scalar functions that we evaluate ourselves, so that every engine prints the same words.
+// The functions that we evaluate ourselves, so that every engine prints the same words.
 #pragma once
 
 #include "base/value.h"
 
+#include <memory>
 #include <span>
 #include <string_view>
 
@@ -23,5 +24,25 @@ struct ScalarFunction {
 };
 
 [[nodiscard]] std::span<const ScalarFunction> ScalarFunctions();
+
+/// The rows of one group, seen one after the other.
+class Accumulator {
+public:
+    virtual ~Accumulator() = default;
+    virtual void Step(std::span<const Value> arguments) = 0;
+    [[nodiscard]] virtual Value Result() const = 0;
+};
+
+/// One aggregate under the name by which emitted statements call it, with any number of arguments.
+struct AggregateFunction {
+    std::string_view emittedName;
+    std::unique_ptr<Accumulator> (*begin)();
+};
+
+[[nodiscard]] std::span<const AggregateFunction> AggregateFunctions();
+
+/// Name of the collation that emitted statements ask for wherever text is compared, sorted or grouped:
+/// without regard to case, Arabic by its own alphabet. The adapter registers it.
+constexpr std::string_view CollationName = "QBRPT";
 
 } // namespace qbrpt::dialect

@@ -15,7 +15,10 @@ enum class StatementKind : std::uint8_t { Select, Insert, Update, Delete };
 /// PARAMETERS clause first, then other unknown names in the order of their first use.
 struct Parameter {
     std::string name;
-    ValueKind kind = ValueKind::Null;
+    ValueKind kind = ValueKind::Null; ///< declared kind; Null where nothing is declared
+    int line = 0;                     ///< of its first use, or of its declaration; counted from 1
+    int column = 0;                   ///< in characters, counted from 1
+    bool declared = false;            ///< stands in a PARAMETERS clause
 };
 
 struct OutputColumn {
