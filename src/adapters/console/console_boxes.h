@@ -1,0 +1,28 @@
+// Message boxes of a process that has no windows.
+#pragma once
+
+#include "platform/desktop.h"
+
+#include <iosfwd>
+
+namespace qbrpt {
+
+/// Writes each box to a stream and answers it at once: OK boxes by OK, Retry/Cancel by `onError`, a question
+/// by the answer that changes nothing. Nothing waits for a click that cannot come.
+class ConsoleBoxes : public MessageBoxes {
+public:
+    /// `onError`: Cancel or Retry.
+    ConsoleBoxes(std::ostream& stream, BoxAnswer onError);
+
+private:
+    BoxAnswer DoMsgBox(const std::string& text, int style, const std::string& title) override;
+
+    std::ostream& mStream;
+    BoxAnswer mOnError;
+    int mRetries = 0;
+};
+
+/// The answer that QBRPT_ON_ERROR names: Retry for "retry", else Cancel.
+[[nodiscard]] BoxAnswer AnswerFromSettings();
+
+} // namespace qbrpt

@@ -1,0 +1,14 @@
+#include "adapters/output/report_output.h"
+
+#include "base/failure.h"
+
+namespace qbrpt {
+
+ReportOutput& OutputOf(const Ref<CrystalRuntime::Report>& report) {
+    auto* output = dynamic_cast<ReportOutput*>(&*report);
+    if (output == nullptr)
+        throw Failure(FailureNumber::Report, "This report has no pages that could be written out.");
+    return *output;
+}
+
+} // namespace qbrpt
