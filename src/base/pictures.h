@@ -21,4 +21,8 @@ namespace qbrpt {
 /// second before a minute belongs to that minute.
 [[nodiscard]] std::string FormatDate(double dayNumber, std::string_view picture, const CalendarNames& names);
 
+/// Whether Format reads `picture` as one of dates: it has date letters outside of literals and no places
+/// for digits.
+[[nodiscard]] bool IsDatePicture(std::string_view picture);
+
 } // namespace qbrpt
