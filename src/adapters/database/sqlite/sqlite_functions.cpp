@@ -1,0 +1,119 @@
+#include "adapters/database/sqlite/sqlite_functions.h"
+
+#include "adapters/database/sqlite/sqlite_error.h"
+#include "adapters/database/sqlite/text_order.h"
+#include "dialect/functions.h"
+#include "platform/desktop.h"
+#include "platform/platform.h"
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace qbrpt::database {
+
+namespace {
+
+using dialect::FunctionWorld;
+using dialect::ScalarFunction;
+
+thread_local FunctionRun* currentRun = nullptr;
+
+std::string TextOf(sqlite3_value* value) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    const int size = sqlite3_value_bytes(value);
+    return text == nullptr ? std::string() : std::string(text, static_cast<std::size_t>(size));
+}
+
+Value ValueOf(sqlite3_value* value) {
+    switch (sqlite3_value_type(value)) {
+    case SQLITE_NULL:
+        return Null{};
+    case SQLITE_INTEGER:
+        return static_cast<std::int64_t>(sqlite3_value_int64(value));
+    case SQLITE_FLOAT:
+        return sqlite3_value_double(value);
+    default:
+        return TextOf(value);
+    }
+}
+
+/// Hands a value to SQLite as the result of a function.
+struct ResultSetter {
+    sqlite3_context* context;
+    void operator()(Null) const { sqlite3_result_null(context); }
+    void operator()(bool value) const { sqlite3_result_int(context, value ? 1 : 0); }
+    void operator()(std::int64_t value) const { sqlite3_result_int64(context, value); }
+    void operator()(double value) const { sqlite3_result_double(context, value); }
+    void operator()(Date value) const { sqlite3_result_double(context, value.number); }
+    void operator()(const std::string& value) const {
+        sqlite3_result_text64(context, value.data(), value.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+    }
+};
+
+void Evaluate(sqlite3_context* context, int count, sqlite3_value** values) {
+    const auto& function = *static_cast<const ScalarFunction*>(sqlite3_user_data(context));
+    FunctionRun loose;
+    FunctionRun& run = currentRun != nullptr ? *currentRun : loose;
+    try {
+        std::vector<Value> arguments;
+        arguments.reserve(static_cast<std::size_t>(count));
+        for (int i = 0; i < count; ++i)
+            arguments.push_back(ValueOf(values[i]));
+        const FunctionWorld world{function.usesNow ? run.Now() : 0};
+        std::visit(ResultSetter{context}, function.evaluate(arguments, world));
+    } catch (const std::exception& failure) {
+        sqlite3_result_error(context, failure.what(), -1);
+        run.Keep(std::current_exception());
+    }
+}
+
+int CompareTexts(void*, int sizeA, const void* a, int sizeB, const void* b) {
+    const auto view = [](const void* text, int size) {
+        return std::string_view(static_cast<const char*>(text), static_cast<std::size_t>(size));
+    };
+    return TextOrder::Shared().Compare(view(a, sizeA), view(b, sizeB));
+}
+
+// SQLite refuses to put a function in again while a statement of the host runs; then ours is there already.
+void Check(sqlite3* handle, int code) {
+    if (code != SQLITE_OK && code != SQLITE_BUSY)
+        throw SqliteFailure(handle, code, "The registration of functions");
+}
+
+void Register(sqlite3* handle, const ScalarFunction& function) {
+    const std::string name(function.emittedName);
+    const int flags = SQLITE_UTF8 | SQLITE_INNOCUOUS | (function.usesNow ? 0 : SQLITE_DETERMINISTIC);
+    // SQLite only hands the pointer back, and only we read it there.
+    auto* self = const_cast<ScalarFunction*>(&function);
+    for (int count = function.minimumArguments; count <= function.maximumArguments; ++count)
+        Check(handle, sqlite3_create_function_v2(handle, name.c_str(), count, flags, self, Evaluate, nullptr,
+                                                 nullptr, nullptr));
+}
+
+} // namespace
+
+void RegisterFunctions(sqlite3* handle) {
+    static_cast<void>(TextOrder::Shared()); // a missing order is told here, where it can be told
+    for (const ScalarFunction& function : dialect::ScalarFunctions())
+        Register(handle, function);
+    Check(handle, sqlite3_create_collation_v2(handle, "QBRPT", SQLITE_UTF8, nullptr, CompareTexts, nullptr));
+}
+
+double FunctionRun::Now() {
+    if (!mNow) mNow = Platform::Current().clock->Now();
+    return *mNow;
+}
+
+void FunctionRun::Rethrow() {
+    if (mFailure) std::rethrow_exception(std::exchange(mFailure, nullptr));
+}
+
+FunctionRun::Scope::Scope(FunctionRun& run) : mOuter(std::exchange(currentRun, &run)) {}
+
+FunctionRun::Scope::~Scope() {
+    currentRun = mOuter;
+}
+
+} // namespace qbrpt::database

@@ -1,0 +1,156 @@
+#include "adapters/database/sqlite/sqlite_schema.h"
+
+#include "adapters/database/names.h"
+#include "adapters/database/read_rows.h"
+#include "adapters/database/sqlite/sqlite_error.h"
+#include "adapters/database/sqlite/sqlite_statement.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <utility>
+
+namespace qbrpt::database {
+
+namespace {
+
+constexpr std::string_view SavedQueryTable = "saved_query";
+
+std::string Quoted(std::string_view name) {
+    std::string quoted = "\"";
+    for (const char c : name)
+        quoted.append(c == '"' ? 2 : 1, c);
+    return quoted + '"';
+}
+
+std::string TextOf(const CellView& cell) {
+    return cell.kind == ValueKind::Text ? std::string(cell.text) : std::string();
+}
+
+bool ContainsAny(std::string_view text, std::initializer_list<std::string_view> words) {
+    return std::any_of(words.begin(), words.end(),
+                       [text](std::string_view word) { return text.find(word) != std::string_view::npos; });
+}
+
+} // namespace
+
+ValueKind KindOfDeclaration(std::string_view declaration) {
+    const std::string folded = FoldName(Trimmed(declaration));
+    const std::string_view word = std::string_view(folded).substr(0, folded.find_first_of(" ("));
+    if (ContainsAny(folded, {"char", "text", "clob", "memo", "string"})) return ValueKind::Text;
+    if (ContainsAny(folded, {"bool"}) || word == "bit" || word == "yesno") return ValueKind::Boolean;
+    if (ContainsAny(folded, {"date", "timestamp"}) || word == "time") return ValueKind::Date;
+    if (ContainsAny(folded, {"int", "counter"}) || word == "long" || word == "short" || word == "byte")
+        return ValueKind::Whole;
+    if (ContainsAny(folded,
+                    {"real", "doub", "floa", "currency", "money", "numeric", "decimal", "number", "single"}))
+        return ValueKind::Number;
+    return ValueKind::Null;
+}
+
+void SqliteSchema::BeginStatement() {
+    SqliteStatement statement(mHandle, "PRAGMA main.schema_version", "");
+    RowView row;
+    const long long version = statement.Step(row) ? row[0].whole : 0;
+    if (version != mVersion) {
+        mTables.clear();
+        ReadTables();
+        mVersion = version;
+    }
+    for (auto& [name, entry] : mTables)
+        entry.asked = false;
+}
+
+void SqliteSchema::ReadTables() const {
+    SqliteStatement statement(
+        mHandle, "SELECT schema, name, type, wr FROM pragma_table_list WHERE schema IN ('main', 'temp')", "");
+    RowView row;
+    while (statement.Step(row)) {
+        Entry entry;
+        entry.schema = TextOf(row[0]);
+        entry.table.name = TextOf(row[1]);
+        entry.isView = TextOf(row[2]) == "view";
+        entry.table.hasRowOrder = !entry.isView && row[3].whole == 0;
+        std::string folded = FoldName(entry.table.name);
+        // A temporary table hides the lasting one of its name.
+        if (entry.schema == "temp")
+            mTables.insert_or_assign(std::move(folded), std::move(entry));
+        else
+            mTables.try_emplace(std::move(folded), std::move(entry));
+    }
+}
+
+void SqliteSchema::ReadColumns(Entry& entry) const {
+    entry.read = true;
+    constexpr std::int64_t hiddenColumn = 1;
+    try {
+        SqliteStatement statement(
+            mHandle, "PRAGMA " + entry.schema + ".table_xinfo(" + Quoted(entry.table.name) + ")", "");
+        RowView row;
+        while (statement.Step(row))
+            if (row[6].whole != hiddenColumn)
+                entry.table.columns.push_back({TextOf(row[1]), KindOfDeclaration(TextOf(row[2]))});
+    } catch (const Failure& failure) {
+        if (failure.Number() != FailureNumber::DatabaseEngine) throw;
+        entry.problem = failure.Description();
+    }
+}
+
+const dialect::Table* SqliteSchema::FindTable(std::string_view name) const {
+    const auto found = mTables.find(FoldName(name));
+    if (found == mTables.end()) return nullptr;
+    Entry& entry = found->second;
+    if (!entry.read) ReadColumns(entry);
+    entry.asked = true;
+    if (!entry.problem.empty())
+        throw Failure(FailureNumber::DatabaseEngine,
+                      "\"" + entry.table.name + "\" of the database cannot be read. " + entry.problem);
+    return &entry.table;
+}
+
+void SqliteSchema::CheckDates() {
+    const bool all = std::any_of(mTables.begin(), mTables.end(),
+                                 [](const auto& each) { return each.second.asked && each.second.isView; });
+    for (auto& [name, entry] : mTables)
+        if ((entry.asked || all) && !entry.checked && !entry.isView) CheckDates(entry);
+}
+
+void SqliteSchema::CheckDates(Entry& entry) const {
+    if (!entry.read) ReadColumns(entry);
+    std::vector<const dialect::Column*> dates;
+    std::string columns;
+    std::string condition;
+    for (const dialect::Column& column : entry.table.columns) {
+        if (column.kind != ValueKind::Date) continue;
+        const std::string name = Quoted(column.name);
+        columns += (dates.empty() ? "" : ", ") + name;
+        condition += (dates.empty() ? "typeof(" : " OR typeof(") + name + ") IN ('text', 'blob')";
+        dates.push_back(&column);
+    }
+    if (!dates.empty()) {
+        SqliteStatement statement(mHandle,
+                                  "SELECT " + columns + " FROM " + entry.schema + "." +
+                                      Quoted(entry.table.name) + " WHERE " + condition + " LIMIT 1",
+                                  "");
+        RowView row;
+        if (statement.Step(row))
+            for (std::size_t i = 0; i < dates.size(); ++i)
+                if (row[i].kind == ValueKind::Text)
+                    throw TextInDateColumn(entry.table.name + "." + dates[i]->name, row[i].text);
+    }
+    entry.checked = true;
+}
+
+std::optional<std::string> SqliteSchema::SavedQuery(std::string_view name) const {
+    const auto found = mTables.find(SavedQueryTable);
+    if (found == mTables.end()) return std::nullopt;
+    SqliteStatement statement(
+        mHandle,
+        "SELECT sql FROM " + found->second.schema + ".saved_query WHERE name = ?1 COLLATE QBRPT LIMIT 1", "");
+    statement.Bind(0, std::string(name));
+    RowView row;
+    if (!statement.Step(row)) return std::nullopt;
+    return TextOf(row[0]);
+}
+
+} // namespace qbrpt::database
