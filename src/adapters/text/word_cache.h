@@ -1,0 +1,52 @@
+// A cache that forgets what has not been asked for of late.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+namespace qbrpt::text {
+
+/// Keeps at most twice `capacity` values, in two generations: when the young one is full it becomes the old
+/// one, whose values are lost unless they are asked for before the next turn. No list to keep in order, so
+/// a hit costs one look-up.
+template <typename T>
+class WordCache {
+public:
+    explicit WordCache(std::size_t capacity) : mCapacity(capacity) {}
+
+    /// The value of `key`, or null. Valid until the next Put or Find.
+    const T* Find(std::string_view key) {
+        const auto young = mYoung.find(key);
+        if (young != mYoung.end()) return &young->second;
+        const auto old = mOld.find(key);
+        if (old == mOld.end()) return nullptr;
+        T value = std::move(old->second);
+        mOld.erase(old);
+        return &Put(key, std::move(value));
+    }
+
+    const T& Put(std::string_view key, T value) {
+        if (mYoung.size() >= mCapacity) {
+            mOld = std::move(mYoung);
+            mYoung = {};
+        }
+        return mYoung.insert_or_assign(std::string(key), std::move(value)).first->second;
+    }
+
+private:
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view key) const { return std::hash<std::string_view>{}(key); }
+    };
+    using Map = std::unordered_map<std::string, T, Hash, std::equal_to<>>;
+
+    std::size_t mCapacity;
+    Map mYoung;
+    Map mOld;
+};
+
+} // namespace qbrpt::text
