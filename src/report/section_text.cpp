@@ -38,6 +38,13 @@ std::string_view Cleaned(std::string_view text, bool lines, std::string& buffer)
     return buffer;
 }
 
+// A text that is one inserted value from end to end needs no isolate around it.
+std::string_view WithoutOuterIsolate(std::string_view text) {
+    const std::size_t close = text.find(PopIsolate);
+    if (!text.starts_with(FirstStrongIsolate) || close + PopIsolate.size() != text.size()) return text;
+    return text.substr(FirstStrongIsolate.size(), close - FirstStrongIsolate.size());
+}
+
 const CellView* CellOf(const FormatScope& scope, int field) {
     return scope.row ? &(*scope.row)[static_cast<std::size_t>(field)] : nullptr;
 }
@@ -85,7 +92,7 @@ ValueText SectionText::Of(const CompiledSection& section, const CompiledObject& 
             text.text = source.text;
         } else {
             Expand(section, source, scope, 0);
-            text.text = mText;
+            text.text = WithoutOuterIsolate(mText);
         }
         break;
     default:

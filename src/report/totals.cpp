@@ -154,6 +154,12 @@ void TotalsBook::ClearPage() {
     }
 }
 
+void TotalsBook::TakeReportTotals(const TotalsBook& whole) {
+    for (std::size_t total = 0; total < mTotals.size(); ++total) {
+        if (mTotals[total].scope == Scope::Report) mAccumulators[total] = whole.mAccumulators[total];
+    }
+}
+
 CellView TotalsBook::Result(std::size_t total) const {
     return mAccumulators[total].Result(mTotals[total].aggregate);
 }

@@ -55,6 +55,8 @@ public:
     /// Groups `outermost` and those inside it begin anew.
     void ClearGroups(int outermost);
     void ClearPage();
+    /// Makes the totals of report scope those of `whole`, a book of the same totals.
+    void TakeReportTotals(const TotalsBook& whole);
 
     [[nodiscard]] CellView Result(std::size_t total) const;
 

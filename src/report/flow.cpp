@@ -1,0 +1,168 @@
+#include "report/flow.h"
+
+#include "report/reading.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace qbrpt::report {
+
+namespace {
+
+constexpr std::size_t RowsAProgress = 4096;
+
+bool SameGroupValue(const Group& group, const CellView& a, const CellView& b) {
+    if (a.kind != b.kind) return false;
+    if (a.kind == ValueKind::Text) return EqualNoCase(a.text, b.text);
+    if (a.kind == ValueKind::Date && group.by == Group::By::Day)
+        return std::floor(a.number) == std::floor(b.number);
+    return SameValue(a, b);
+}
+
+// The outermost group whose value differs, or the number of groups.
+std::size_t FirstDifference(const std::vector<Group>& groups, const RowView& a, const RowView& b) {
+    for (std::size_t group = 0; group < groups.size(); ++group) {
+        if (groups[group].field < 0) continue;
+        const auto field = static_cast<std::size_t>(groups[group].field);
+        if (!SameGroupValue(groups[group], a[field], b[field])) return group;
+    }
+    return groups.size();
+}
+
+} // namespace
+
+Flow::Flow(const CompiledDefinition& definition, std::shared_ptr<const RowSource> rows, Header header)
+    : mDefinition(definition), mSource(rows),
+      mRows(std::move(rows), *definition.definition), mState{.groupStart = {},
+                                                             .groupRows = {},
+                                                             .totals = TotalsBook(definition.totals)},
+      mHeader(header), mGroupTotals(definition.definition->groups.size()) {
+    mState.groupStart.resize(definition.definition->groups.size());
+    mState.groupRows.resize(definition.definition->groups.size());
+}
+
+void Flow::AddSections(const SectionPlaces::List& list, std::size_t openGroups, Block& block) const {
+    for (const std::size_t section : list)
+        block.bands.push_back({section, openGroups});
+}
+
+bool Flow::Next(Block& block) {
+    block.bands.clear();
+    block.hasRow = block.isFirst = block.isLast = false;
+    block.opensGroup = mDefinition.definition->groups.size();
+    switch (mState.phase) {
+    case FlowState::Phase::ReportHeader:
+        NextHeader(block);
+        return mHeader == Header::Alone || NextRow(block);
+    case FlowState::Phase::Rows:
+        return NextRow(block);
+    case FlowState::Phase::ReportFooter:
+        return NextFooter(block);
+    default:
+        return false;
+    }
+}
+
+void Flow::NextHeader(Block& block) {
+    AddSections(mDefinition.places.reportHeader, 0, block);
+    mState.phase = FlowState::Phase::Rows;
+}
+
+bool Flow::NextRow(Block& block) {
+    if (!mRows.Advance()) {
+        // No rows at all, or fewer than the source had promised: the footers stand alone.
+        mState.phase = FlowState::Phase::ReportFooter;
+        return NextFooter(block);
+    }
+    const SectionPlaces& places = mDefinition.places;
+    const std::size_t groupCount = mDefinition.definition->groups.size();
+    const RowView& row = *mRows.Current();
+    block.hasRow = true;
+    block.isFirst = mState.nextRow == 0;
+    block.isLast = mRows.Next() == nullptr;
+    // Groups need no keys kept: the row before and the row behind tell where they begin and end.
+    const bool begins = block.isFirst || !mRows.Previous();
+    block.opensGroup = begins ? 0 : FirstDifference(mDefinition.definition->groups, *mRows.Previous(), row);
+    ++mState.nextRow;
+    for (std::size_t group = block.opensGroup; group < groupCount; ++group)
+        AddSections(places.groupHeader[group], group, block);
+    AddSections(places.details, groupCount, block);
+    const std::size_t closes =
+        block.isLast ? 0 : FirstDifference(mDefinition.definition->groups, row, *mRows.Next());
+    for (std::size_t group = groupCount; group > closes; --group)
+        AddSections(places.groupFooter[group - 1], group, block);
+    if (block.isLast) {
+        AddSections(places.reportFooter, 0, block);
+        mState.phase = FlowState::Phase::Done;
+    }
+    return true;
+}
+
+bool Flow::NextFooter(Block& block) {
+    AddSections(mDefinition.places.reportFooter, 0, block);
+    block.isLast = true;
+    mState.phase = FlowState::Phase::Done;
+    return true;
+}
+
+void Flow::Commit(const Block& block) {
+    if (!block.hasRow) return;
+    const std::size_t row = mState.nextRow - 1;
+    if (block.opensGroup < mState.groupRows.size()) {
+        mState.totals.ClearGroups(static_cast<int>(block.opensGroup));
+        for (std::size_t group = block.opensGroup; group < mState.groupRows.size(); ++group) {
+            mState.groupStart[group] = row;
+            mState.groupRows[group] = 0;
+        }
+    }
+    for (std::size_t& rows : mState.groupRows)
+        ++rows;
+    mState.totals.AddRow(*mRows.Current());
+}
+
+void Flow::Restore(const FlowState& state, bool withCurrent) {
+    mState = state;
+    mRows.Seek(withCurrent ? state.nextRow - 1 : state.nextRow);
+    if (withCurrent) mRows.Advance();
+}
+
+void Flow::JumpToRow(std::size_t row) {
+    mState.phase = FlowState::Phase::Rows;
+    mState.nextRow = row;
+    mState.totals = TotalsBook(mDefinition.totals);
+    mState.totalsComplete = row == 0;
+    mRows.Seek(row);
+}
+
+const ScopeTotals& Flow::ReportTotals() {
+    if (mReportTotals) return *mReportTotals;
+    auto whole = std::make_unique<ScopeTotals>(ScopeTotals{TotalsBook(mDefinition.totals), 0});
+    RowWindow rows(mSource, *mDefinition.definition);
+    while (rows.Advance()) {
+        whole->totals.AddRow(*rows.Current());
+        if (++whole->rows % RowsAProgress == 0 && mProgress) mProgress(whole->rows);
+    }
+    mReportTotals = std::move(whole);
+    return *mReportTotals;
+}
+
+const ScopeTotals& Flow::GroupTotals(std::size_t group, std::size_t firstRow) {
+    AheadGroup& ahead = mGroupTotals[group];
+    if (ahead.firstRow == firstRow) return *ahead.totals;
+    ahead.totals = std::make_unique<ScopeTotals>(ScopeTotals{TotalsBook(mDefinition.totals), 0});
+    ahead.firstRow = firstRow;
+    if (!mAhead) mAhead = std::make_unique<RowWindow>(mSource, *mDefinition.definition);
+    RowWindow& rows = *mAhead;
+    rows.Seek(firstRow);
+    const auto& groups = mDefinition.definition->groups;
+    while (rows.Advance()) {
+        if (ahead.totals->rows > 0 && FirstDifference(groups, *rows.Previous(), *rows.Current()) <= group)
+            break;
+        ahead.totals->totals.AddRow(*rows.Current());
+        if (++ahead.totals->rows % RowsAProgress == 0 && mProgress) mProgress(ahead.totals->rows);
+    }
+    if (mDefinition.headersShowReportTotals) ahead.totals->totals.TakeReportTotals(ReportTotals().totals);
+    return *ahead.totals;
+}
+
+} // namespace qbrpt::report
