@@ -1,0 +1,58 @@
+// The columns of a table: said once each, measured here, drawn as captions, rows and totals elsewhere.
+#pragma once
+
+#include "adapters/layout/band.h"
+
+#include <string>
+#include <vector>
+
+namespace qbrpt::layout {
+
+struct Column {
+    Place place;
+    std::string name; ///< of its objects: the field's, made unique where two columns show one field
+    int field = -1;
+    std::string caption;
+    std::string captionObject; ///< the name under which code finds the caption; empty: none does
+    std::string unit;          ///< stands in small grey letters behind the caption
+    Span span;                 ///< from the template's right edge, padding included
+    report::ValueFormat format = report::ValueFormat::Text;
+    std::string picture;
+    report::Align align = report::Align::Right;
+    bool sum = false;
+    bool average = false;
+    bool key = false; ///< bold, on a light tint
+    bool grow = false;
+    bool hideRepeated = false;
+};
+
+/// Columns under one common caption; parted from the next by a gap.
+struct Tier {
+    Place place;
+    std::string caption;
+    Span span;
+};
+
+struct Columns {
+    Place place;
+    report::Twips padding = 0;
+    std::vector<Column> columns; ///< from the right
+    std::vector<Tier> tiers;     ///< none: the captions have one tier
+
+    [[nodiscard]] bool Any(bool Column::*flag) const;
+    /// The span of a column's text.
+    [[nodiscard]] Span Inside(const Column& column) const {
+        return {column.span.right + padding, column.span.width - 2 * padding};
+    }
+};
+
+/// Reads the columns of `[table]`. Widths are points; columns without one share what is left. Widths that
+/// fill the page but for a hundredth are stretched to fill it; all else is a mistake.
+[[nodiscard]] Columns ReadColumns(const Node& list, const Node& metrics, const Workshop& shop);
+
+/// The field list's names.
+[[nodiscard]] std::vector<std::string_view> NamesOf(std::span<const Field> fields);
+/// The position of a field; -1 and a mistake where there is none of that name.
+[[nodiscard]] int FieldOf(const std::string& name, const Place& usedAt, const Workshop& shop);
+
+} // namespace qbrpt::layout

@@ -1,0 +1,10 @@
+# The layout files of the templates become part of the layout room.
+set(folder "${CMAKE_CURRENT_SOURCE_DIR}/templates/layouts")
+set(embedded "${CMAKE_CURRENT_BINARY_DIR}/embedded_layouts.cpp")
+file(GLOB layouts CONFIGURE_DEPENDS "${folder}/*.toml")
+add_custom_command(
+  OUTPUT "${embedded}"
+  COMMAND "${CMAKE_COMMAND}" -DFOLDER=${folder} -DOUTPUT=${embedded} -P "${CMAKE_CURRENT_LIST_DIR}/embed_layouts.cmake"
+  DEPENDS ${layouts} "${CMAKE_CURRENT_LIST_DIR}/embed_layouts.cmake"
+  COMMENT "Embedding the layout files" VERBATIM)
+target_sources(qbrpt_layout PRIVATE "${embedded}")

@@ -1,0 +1,140 @@
+#include "adapters/layout/table_bands.h"
+
+#include "adapters/layout/formats.h"
+
+namespace qbrpt::layout {
+
+namespace {
+
+using report::Align;
+using report::ObjectType;
+
+Placed Caption(const Table& table, const Column& column, const RowMeasure& row, report::Twips top) {
+    Placed caption{{}, column.place, !column.captionObject.empty()};
+    caption.object.name = caption.named ? column.captionObject : column.name + " caption";
+    caption.object.type = ObjectType::Text;
+    caption.object.text = column.caption;
+    caption.object.align = column.align;
+    Dress(caption.object, table.style.caption);
+    PutInRow(caption.object, table.columns.Inside(column), row);
+    caption.object.top = top;
+    return caption;
+}
+
+Placed Unit(const Table& table, const Column& column, const Placed& caption) {
+    Placed unit{caption.object, column.place, false};
+    unit.object.name = column.name + " unit";
+    unit.object.text = column.unit;
+    unit.object.follows = caption.object.name;
+    unit.object.right = table.style.unitGap;
+    Dress(unit.object, table.style.unit);
+    return unit;
+}
+
+Placed Cell(const Table& table, const Column& column) {
+    Placed cell{{}, column.place, false};
+    cell.object.name = column.name;
+    cell.object.type = ObjectType::Field;
+    cell.object.field = column.field;
+    cell.object.format = column.format;
+    cell.object.picture = column.picture;
+    cell.object.align = column.align;
+    cell.object.canGrow = column.grow;
+    cell.object.hideRepeated = column.hideRepeated;
+    Dress(cell.object, column.key ? table.style.BoldCell() : table.style.cell);
+    if (IsNumberFormat(column.format)) cell.object.zeroColor = table.style.zero;
+    PutInRow(cell.object, table.columns.Inside(column), table.style.row);
+    return cell;
+}
+
+void AddTiers(const Table& table, Band& band) {
+    const TableStyle& style = table.style;
+    for (std::size_t i = 0; i < table.columns.tiers.size(); ++i) {
+        const Tier& tier = table.columns.tiers[i];
+        const std::string name = "tier " + std::to_string(i + 1);
+        const Span inside = {tier.span.right + table.columns.padding,
+                             tier.span.width - 2 * table.columns.padding};
+        band.objects.push_back(TintedBox(name + " box", style.tint, tier.span, 0, band.height, tier.place));
+        if (tier.caption.empty()) continue;
+        Placed caption{{}, tier.place, false};
+        caption.object.name = name;
+        caption.object.text = tier.caption;
+        caption.object.align = Align::Centre;
+        Dress(caption.object, style.tier);
+        PutInRow(caption.object, inside, style.tierRow);
+        band.objects.push_back(caption);
+        band.objects.push_back(
+            LineAcross(name + " line", style.thin, inside, style.tierRow.height, tier.place));
+    }
+}
+
+} // namespace
+
+Band CaptionBand(const Table& table) {
+    Band band;
+    band.kind = report::SectionKind::PageHeader;
+    const bool tiered = !table.columns.tiers.empty();
+    const RowMeasure& row = tiered ? table.style.tieredCaptionRow : table.style.captionRow;
+    const report::Twips top = tiered ? table.style.tierRow.height : 0;
+    band.height = top + row.height;
+    if (tiered)
+        AddTiers(table, band);
+    else
+        band.objects.push_back(
+            TintedBox("captions box", table.style.tint, table.Whole(), 0, band.height, table.columns.place));
+    for (const Column& column : table.columns.columns) {
+        band.objects.push_back(Caption(table, column, row, top));
+        if (!column.unit.empty()) band.objects.push_back(Unit(table, column, band.objects.back()));
+    }
+    return band;
+}
+
+Band RowBand(const Table& table) {
+    Band band;
+    band.kind = report::SectionKind::Details;
+    band.height = table.style.row.height;
+    for (const Column& column : table.columns.columns) {
+        if (!column.key) continue;
+        Placed box =
+            TintedBox(column.name + " box", table.style.lightTint, column.span, 0, band.height, column.place);
+        box.object.fullHeight = true;
+        band.objects.push_back(box);
+    }
+    Placed line = LineAcross("row line", table.style.hairline, table.Whole(), 0, table.columns.place);
+    line.object.when = report::LineWhen::BetweenRows;
+    line.object.atBottom = true;
+    line.object.yieldsToRepeated = table.columns.Any(&Column::hideRepeated);
+    band.objects.push_back(line);
+    for (const Column& column : table.columns.columns)
+        band.objects.push_back(Cell(table, column));
+    return band;
+}
+
+Band GroupHeadBand(const Table& table, const std::string& text, const std::string& continued, int group,
+                   const Place& place) {
+    Band band;
+    band.kind = report::SectionKind::GroupHeader;
+    band.group = group;
+    band.repeat = true;
+    band.height = table.style.groupRow.height;
+    const std::string name = "group " + std::to_string(group + 1);
+    const report::Twips padding = table.columns.padding;
+    const Span inside = {table.shop.margin + padding, table.shop.Content() - 2 * padding};
+    Placed heading{{}, place, false};
+    heading.object.name = name;
+    heading.object.text = text;
+    Dress(heading.object, table.style.group);
+    PutInRow(heading.object, inside, table.style.groupRow);
+    Placed again = heading;
+    again.object.name = name + " continued";
+    again.object.text = continued;
+    again.object.follows = name;
+    again.object.right = table.style.unitGap;
+    Dress(again.object, table.style.note);
+    band.objects.push_back(heading);
+    if (!continued.empty()) band.objects.push_back(again);
+    band.objects.push_back(LineAcross(name + " line", table.style.thin, table.Whole(), band.height, place));
+    return band;
+}
+
+} // namespace qbrpt::layout
