@@ -24,8 +24,8 @@ public:
 
     [[nodiscard]] const ObjectMetrics& At(std::size_t object) const { return mObjects[object]; }
 
-    /// The lowest place at or above `limit` and below `from` that cuts no line of text and no picture of the
-    /// section measured last; `limit` itself where there is none.
+    /// The lowest place between `from` and `limit` that cuts no line of text and no picture of the section
+    /// measured last; `limit` itself where there is none.
     [[nodiscard]] Twips CutAbove(const CompiledSection& section, Twips limit, Twips from) const;
 
 private:

@@ -1,0 +1,238 @@
+#include "report/page_builder.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace qbrpt::report {
+
+namespace {
+
+Twips AlignedLeft(Align align, Twips left, Twips width, Twips taken) {
+    switch (align) {
+    case Align::Left:
+        return left;
+    case Align::Centre:
+        return left + (width - taken) / 2;
+    default:
+        return left + width - taken;
+    }
+}
+
+Twips ObjectLeft(const PlacedBand& band, const Object& object) {
+    return band.rightEdge - object.right - object.width;
+}
+
+} // namespace
+
+Item PageBuilder::Start(const PlacedBand& band, std::size_t index, ItemKind kind) const {
+    const Object& object = *band.section.objects[index].object;
+    Item item;
+    item.kind = kind;
+    item.color = object.color;
+    item.x = ObjectLeft(band, object);
+    item.y = band.top + object.top + mMetrics[index].offset;
+    item.width = object.width;
+    item.height = object.height;
+    item.stroke = object.stroke;
+    return item;
+}
+
+void PageBuilder::Draw(const PlacedBand& band) {
+    const bool details = band.section.section->kind == SectionKind::Details;
+    BandMetrics metrics(band.text, mFitter);
+    metrics.Measure(band.section, band.scope);
+    mMetrics.clear();
+    for (std::size_t i = 0; i < band.section.objects.size(); ++i)
+        mMetrics.push_back(metrics.At(i));
+    if (details)
+        PassRows(band);
+    else
+        EndRows();
+    mTextEnd.assign(band.section.objects.size(), 0);
+    for (const std::size_t index : band.section.drawOrder) {
+        if (SectionText::Shown(*band.section.objects[index].object, band.scope) && !mMetrics[index].repeated)
+            DrawObject(band, index);
+    }
+}
+
+// A row follows the row above on the same page: the lines between them can be drawn now. A line that yields
+// ends left of the columns that stay empty in this row.
+void PageBuilder::PassRows(const PlacedBand& band) {
+    if (band.row == mWaitingRow) return;
+    if (!band.scope.above) EndRows();
+    for (WaitingLine& line : mBetween) {
+        for (std::size_t i = 0; i < mMetrics.size() && line.yields; ++i) {
+            if (!mMetrics[i].repeated) continue;
+            const Twips left = ObjectLeft(band, *band.section.objects[i].object);
+            line.item.width = std::min(line.item.width, std::max(left - line.item.x, 0));
+        }
+        mPage.items.push_back(line.item);
+    }
+    mBetween.clear();
+    mLast.clear();
+    mWaitingRow = band.row;
+}
+
+void PageBuilder::EndRows() {
+    mPage.items.insert(mPage.items.end(), mLast.begin(), mLast.end());
+    mBetween.clear();
+    mLast.clear();
+    mWaitingRow = NoIndex;
+}
+
+void PageBuilder::DrawObject(const PlacedBand& band, std::size_t index) {
+    switch (band.section.objects[index].object->type) {
+    case ObjectType::Line:
+        DrawLine(band, index);
+        break;
+    case ObjectType::Box:
+        DrawBox(band, index);
+        break;
+    case ObjectType::Picture:
+        DrawPicture(band, index);
+        break;
+    case ObjectType::Subreport:
+        break; // flows behind its section
+    default:
+        DrawWriting(band, index);
+    }
+}
+
+void PageBuilder::DrawWriting(const PlacedBand& band, std::size_t index) {
+    const CompiledObject& object = band.section.objects[index];
+    Twips left = ObjectLeft(band, *object.object);
+    Twips width = object.object->width;
+    if (object.follows != NoIndex) {
+        const Twips right = mTextEnd[object.follows] - object.object->right;
+        left = right - width;
+    }
+    mTextEnd[index] = left + width;
+    const ValueText text = band.text.Of(band.section, object, band.scope);
+    if (text.text.empty()) return;
+    if (text.figures)
+        DrawFigures(band, index, text, left, width);
+    else
+        DrawText(band, index, text.text, left, width);
+}
+
+void PageBuilder::DrawFigures(const PlacedBand& band, std::size_t index, const ValueText& text, Twips left,
+                              Twips width) {
+    const CompiledObject& object = band.section.objects[index];
+    const Twips lineTop = object.object->top + mMetrics[index].offset;
+    if (lineTop < band.sliceTop || lineTop >= band.sliceBottom) return;
+    const FittedFigures fitted = mFitter.FitFigures(object, text.text, width);
+    Item item = Start(band, index, ItemKind::Figures);
+    item.style = fitted.style;
+    if (text.zero && object.object->zeroColor) item.color = *object.object->zeroColor;
+    item.x = AlignedLeft(object.object->align, left, width, fitted.width);
+    item.y += object.object->baseline;
+    item.width = fitted.width;
+    item.height = 0;
+    item.first = static_cast<std::uint32_t>(mPage.figureText.size());
+    item.length = static_cast<std::uint32_t>(text.text.size());
+    mPage.figureText.append(text.text);
+    mPage.items.push_back(item);
+    mTextEnd[index] = item.x;
+}
+
+void PageBuilder::DrawText(const PlacedBand& band, std::size_t index, std::string_view text, Twips left,
+                           Twips width) {
+    const CompiledObject& object = band.section.objects[index];
+    const FittedText fitted = mFitter.Fit(object, text, width);
+    if (!fitted.block) return;
+    Item item = Start(band, index, ItemKind::Word);
+    item.style = fitted.style;
+    item.height = 0;
+    Twips lineTop = object.object->top + mMetrics[index].offset;
+    bool drawn = false;
+    for (std::size_t line = 0; line < fitted.block->lines.size(); ++line) {
+        const TextLine& source = fitted.block->lines[line];
+        const Twips x = AlignedLeft(object.object->align, left, width, source.width);
+        const auto down = static_cast<Twips>(line) * object.object->lineStep;
+        if (lineTop >= band.sliceTop && lineTop < band.sliceBottom) {
+            item.y = band.top + object.object->top + mMetrics[index].offset + object.object->baseline + down;
+            for (const PlacedWord& word : source.words) {
+                item.x = x + word.x;
+                item.width = word.word->width;
+                item.word = word.word;
+                mPage.items.push_back(item);
+                drawn = true;
+            }
+        }
+        mTextEnd[index] = x; // what follows stands behind the last line
+        lineTop += line == 0 ? object.object->height : object.object->lineStep;
+    }
+    if (drawn) mPage.texts.push_back(fitted.block);
+}
+
+void PageBuilder::DrawLine(const PlacedBand& band, std::size_t index) {
+    const Object& object = *band.section.objects[index].object;
+    Item item = Start(band, index, ItemKind::Rule);
+    if (object.atBottom) item.y = band.top + band.height - object.top;
+    const Twips inBand = item.y - band.top;
+    const bool last = band.sliceBottom >= band.height;
+    if (inBand < band.sliceTop && band.sliceTop > 0) return;
+    if (inBand >= band.sliceBottom && !last) return;
+    switch (object.when) {
+    case LineWhen::Always:
+        mPage.items.push_back(item);
+        break;
+    case LineWhen::FirstOnPage:
+        if (!band.scope.above) mPage.items.push_back(item);
+        break;
+    case LineWhen::BetweenRows:
+        mBetween.push_back({item, object.yieldsToRepeated});
+        break;
+    case LineWhen::LastOnPage:
+        mLast.push_back(item);
+        break;
+    }
+}
+
+void PageBuilder::DrawBox(const PlacedBand& band, std::size_t index) {
+    const Object& object = *band.section.objects[index].object;
+    Item item = Start(band, index, ItemKind::Fill);
+    if (object.fullHeight) item.height += band.height - band.section.section->height - mMetrics[index].offset;
+    const Twips top = std::max(item.y, band.top + band.sliceTop);
+    const bool last = band.sliceBottom >= band.height;
+    const Twips bottom =
+        last ? item.y + item.height : std::min(item.y + item.height, band.top + band.sliceBottom);
+    if (bottom < top || (bottom == top && item.height > 0)) return;
+    item.y = top;
+    item.height = bottom - top;
+    if (object.barField >= 0) {
+        const CellView* cell =
+            band.scope.row ? &(*band.scope.row)[static_cast<std::size_t>(object.barField)] : nullptr;
+        const bool number = cell && (cell->kind == ValueKind::Number || cell->kind == ValueKind::Whole);
+        const double part = number && object.barFull > 0 ? cell->number / object.barFull : 0;
+        if (!(part > 0)) return;
+        const auto width = static_cast<Twips>(std::lround(object.width * std::min(part, 1.0)));
+        item.x += item.width - width;
+        item.width = width;
+    }
+    if (object.fill) {
+        item.color = *object.fill;
+        item.stroke = 0;
+        mPage.items.push_back(item);
+    }
+    if (object.stroke > 0) {
+        item.kind = ItemKind::Frame;
+        item.color = object.color;
+        item.stroke = object.stroke;
+        mPage.items.push_back(item);
+    }
+}
+
+void PageBuilder::DrawPicture(const PlacedBand& band, std::size_t index) {
+    const Object& object = *band.section.objects[index].object;
+    if (!object.image || object.image->width <= 0 || object.image->height <= 0) return;
+    Item item = Start(band, index, ItemKind::Image);
+    const Twips inBand = item.y - band.top;
+    if (inBand < band.sliceTop || inBand >= band.sliceBottom || item.width <= 0 || item.height <= 0) return;
+    const auto known = std::find(mPage.pictures.begin(), mPage.pictures.end(), object.image);
+    item.first = static_cast<std::uint32_t>(known - mPage.pictures.begin());
+    if (known == mPage.pictures.end()) mPage.pictures.push_back(object.image);
+    mPage.items.push_back(item);
+}
+
+} // namespace qbrpt::report
