@@ -1,0 +1,144 @@
+#include "adapters/files/atomic_file.h"
+#include "base/failure.h"
+#include "tools/temp_folder.h"
+
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace qbrpt {
+namespace {
+
+using test::ContentOf;
+using test::TempFolder;
+using test::WriteContent;
+using ::testing::AllOf;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+Failure FailureOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const Failure& failure) {
+        return failure;
+    }
+    return {FailureNumber::InvalidArgument, "nothing failed"};
+}
+
+TEST(AtomicFile, StandsWholeAfterCommit) {
+    const TempFolder folder;
+    AtomicFile file(folder / "a.pdf");
+    const std::string large(700'000, 'x');
+    file.Write("head ");
+    file.Write(large);
+    file.Write(" tail");
+    EXPECT_THAT(folder.Names(), IsEmpty()) << "nothing may be seen before the commit";
+    file.Commit();
+    EXPECT_EQ(ContentOf(folder / "a.pdf"), "head " + large + " tail");
+    EXPECT_THAT(folder.Names(), ElementsAre("a.pdf"));
+}
+
+TEST(AtomicFile, LeavesNothingWithoutCommit) {
+    const TempFolder folder;
+    { AtomicFile(folder / "a.pdf").Write("half"); }
+    EXPECT_THAT(folder.Names(), IsEmpty());
+}
+
+TEST(AtomicFile, KeepsTheOlderFileWithoutCommit) {
+    const TempFolder folder;
+    WriteContent(folder / "a.pdf", "older");
+    { AtomicFile(folder / "a.pdf").Write("half"); }
+    EXPECT_EQ(ContentOf(folder / "a.pdf"), "older");
+    EXPECT_THAT(folder.Names(), ElementsAre("a.pdf"));
+}
+
+TEST(AtomicFile, ReplacesAnOlderFileAndKeepsItsMode) {
+    const TempFolder folder;
+    WriteContent(folder / "a.pdf", "a longer older content");
+    ::chmod((folder / "a.pdf").c_str(), 0640);
+    AtomicFile file(folder / "a.pdf");
+    file.Write("new");
+    file.Commit();
+    struct stat status {};
+    ASSERT_EQ(::stat((folder / "a.pdf").c_str(), &status), 0);
+    EXPECT_EQ(ContentOf(folder / "a.pdf"), "new");
+    EXPECT_EQ(status.st_mode & 07777, 0640U);
+    EXPECT_THAT(folder.Names(), ElementsAre("a.pdf"));
+}
+
+TEST(AtomicFile, NewFilesHonourTheMask) {
+    const TempFolder folder;
+    const mode_t before = ::umask(027);
+    AtomicFile file(folder / "a.csv");
+    file.Commit();
+    ::umask(before);
+    struct stat status {};
+    ASSERT_EQ(::stat((folder / "a.csv").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0640U);
+}
+
+TEST(AtomicFile, ALinkKeepsPointingAtItsFile) {
+    const TempFolder folder;
+    std::filesystem::create_directory(folder / "real");
+    WriteContent(folder.Path() / "real" / "a.pdf", "older");
+    std::filesystem::create_symlink(folder.Path() / "real" / "a.pdf", folder / "link.pdf");
+    AtomicFile file(folder / "link.pdf");
+    file.Write("new");
+    file.Commit();
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.pdf"));
+    EXPECT_EQ(ContentOf(folder.Path() / "real" / "a.pdf"), "new");
+}
+
+TEST(AtomicFile, CommitAsRefusesANameThatIsTaken) {
+    const TempFolder folder;
+    WriteContent(folder / "a.pdf", "older");
+    AtomicFile file(folder / "a.pdf");
+    file.Write("new");
+    EXPECT_FALSE(file.CommitAs(folder / "a.pdf"));
+    EXPECT_TRUE(file.CommitAs(folder / "a (2).pdf"));
+    EXPECT_EQ(file.Target(), folder / "a (2).pdf");
+    EXPECT_EQ(ContentOf(folder / "a.pdf"), "older");
+    EXPECT_EQ(ContentOf(folder / "a (2).pdf"), "new");
+    EXPECT_THAT(folder.Names(), ElementsAre("a (2).pdf", "a.pdf"));
+}
+
+TEST(AtomicFile, AFullDiskIsAFailureWithReasonAndAdvice) {
+    AtomicFile file("/dev/full");
+    const Failure failure = FailureOf([&] {
+        file.Write(std::string(1'000'000, 'x'));
+        file.Commit();
+    });
+    EXPECT_EQ(failure.Number(), FailureNumber::Output);
+    EXPECT_THAT(failure.Description(), AllOf(HasSubstr("/dev/full"), HasSubstr("No space left on device"),
+                                             HasSubstr("Free some space")));
+}
+
+TEST(AtomicFile, AFullDiskShowsAlsoForFewBytes) {
+    AtomicFile file("/dev/full");
+    file.Write("few");
+    EXPECT_EQ(FailureOf([&] { file.Commit(); }).Number(), FailureNumber::Output);
+}
+
+TEST(AtomicFile, MissingFolder) {
+    const TempFolder folder;
+    const Failure failure = FailureOf([&] { AtomicFile(folder / "none/a.pdf"); });
+    EXPECT_EQ(failure.Number(), FailureNumber::FileAccess);
+    EXPECT_THAT(failure.Description(), AllOf(HasSubstr("none/a.pdf"), HasSubstr("Make the folder first")));
+}
+
+TEST(AtomicFile, AFolderInPlaceOfAFile) {
+    const TempFolder folder;
+    EXPECT_THAT(FailureOf([&] { AtomicFile{folder.Path()}; }).Description(),
+                HasSubstr("a folder of that name"));
+    EXPECT_THAT(FailureOf([&] { AtomicFile{""}; }).Description(), HasSubstr("no name"));
+}
+
+TEST(AtomicFile, AFolderThatMayNotBeWritten) {
+    // Root may write anywhere but in the system's own trees.
+    const Failure failure = FailureOf([&] { AtomicFile("/proc/a.pdf"); });
+    EXPECT_EQ(failure.Number(), FailureNumber::FileAccess);
+}
+
+} // namespace
+} // namespace qbrpt
