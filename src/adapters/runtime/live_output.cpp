@@ -1,0 +1,67 @@
+// The output side of a live report.
+#include "adapters/export/csv.h"
+#include "adapters/pdf/writer.h"
+#include "adapters/runtime/live_report.h"
+#include "base/failure.h"
+#include "base/numbers.h"
+#include "report/page.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace qbrpt {
+
+std::string LiveReport::Title() {
+    const report::Object* title = report::FindObject(mState->definition, mState->definition.titleObject);
+    return title == nullptr ? std::string() : title->text;
+}
+
+std::int32_t LiveReport::PageCount() {
+    return CheckedLong(static_cast<std::int64_t>(Document().PageCount()));
+}
+
+void LiveReport::WritePdf(ByteSink& sink, const PageRange& range, const PageProgress& progress) {
+    if (!mServices->fonts)
+        throw Failure(FailureNumber::Output, "The report's text has no fonts that a PDF file could carry.");
+    mProgress = &progress;
+    const std::shared_ptr<void> progressEnds(nullptr, [this](void*) { mProgress = nullptr; });
+
+    const std::int32_t pageCount = PageCount();
+    const std::int32_t first = std::max(range.first.value_or(1), 1);
+    const std::int32_t last = std::min(range.last.value_or(pageCount), pageCount);
+    if (first > last)
+        throw Failure(FailureNumber::InvalidArgument,
+                      "The pages asked for, " + std::to_string(range.first.value_or(1)) + " to " +
+                          std::to_string(range.last.value_or(pageCount)) +
+                          ", are not in the report; it has " + std::to_string(pageCount) + ".");
+    pdf::Writer writer(sink, *mServices->fonts, {Title(), PrintedAt()});
+    report::Page page;
+    const auto all = static_cast<std::size_t>(last - first + 1);
+    for (std::size_t done = 0; done < all; ++done) {
+        if (progress) progress(done, all);
+        Document().Build(static_cast<std::size_t>(first - 1) + done, page);
+        writer.AddPage(page);
+    }
+    writer.Finish();
+    if (progress) progress(all, all);
+    WarnOfMissingGlyphs();
+}
+
+void LiveReport::WriteCsv(ByteSink& sink) {
+    qbrpt::WriteCsv(sink, mState->definition, *Rows());
+}
+
+void LiveReport::WarnOfMissingGlyphs() const {
+    if (!mServices->missingGlyphs) return;
+    const std::vector<std::string> missing = mServices->missingGlyphs();
+    if (missing.empty()) return;
+    std::string warning = "no font has these characters, a box stands for each: ";
+    for (std::size_t i = 0; i < missing.size(); ++i)
+        warning += (i == 0 ? "" : ", ") + missing[i];
+    if (mServices->warn)
+        mServices->warn(warning);
+    else
+        std::fprintf(stderr, "qbrpt: %s\n", warning.c_str());
+}
+
+} // namespace qbrpt
