@@ -41,6 +41,10 @@ struct GlyphRun {
     std::vector<Glyph> glyphs;
 };
 
+/// Right-to-left mark: stands in a word's text at the end that is drawn leftmost, draws nothing, and keeps
+/// figures and the marks behind them apart for programs that read the page.
+constexpr char32_t ReadingMark = 0x200F;
+
 /// A word, shaped once. Never changes; alive as long as a TextBlock that holds it.
 struct ShapedWord {
     std::uint64_t serial = 0; ///< unique in the process: a key for what writers keep per word

@@ -32,6 +32,11 @@ bool Carries(const report::Glyph& glyph) {
     return glyph.textLength > 0 && glyph.advance > Narrowest;
 }
 
+bool HasReadingMark(const report::ShapedWord& word) {
+    constexpr std::string_view mark = "\xE2\x80\x8F";
+    return word.rightToLeft ? word.text.ends_with(mark) : word.text.starts_with(mark);
+}
+
 bool IsInvisible(char32_t c) {
     return (c >= 0x200B && c <= 0x200F) || (c >= 0xFE00 && c <= 0xFE0F);
 }
@@ -43,7 +48,7 @@ void AppendFont(std::string& content, const FontChoice& choice) {
     AppendInteger(content, choice.font);
     content.push_back(' ');
     AppendScaled(content, std::lround(choice.size * 100.0F), 2);
-    content += " Tf";
+    content += " Tf\n";
 }
 
 const EncodedWord& WordCodes::Encode(const report::ShapedWord& word) {
@@ -139,7 +144,8 @@ void WordCodes::EncodeRun(const report::ShapedWord& word, const report::GlyphRun
     CodeTable& table = mCodes.Table(choice.font);
     const float start = mCarriers.front().origin;
     std::string& show = encoded.show;
-    if (show.empty()) {
+    const bool opensWord = show.empty();
+    if (opensWord) {
         encoded.first = choice;
         encoded.start = Rounded(left + start * run.size);
     } else {
@@ -153,6 +159,10 @@ void WordCodes::EncodeRun(const report::ShapedWord& word, const report::GlyphRun
     }
     encoded.last = choice;
     show.push_back('(');
+    if (opensWord && HasReadingMark(word)) {
+        const auto empty = static_cast<std::uint16_t>(std::max(EmptyGlyph(run.face), 0));
+        AppendCode(show, table.CodeOf({empty, report::ReadingMark, 0}));
+    }
     for (std::size_t i = 0; i < mCarriers.size(); ++i) {
         const float next = i + 1 < mCarriers.size() ? mCarriers[i + 1].origin : width;
         AppendCarrier(table, word, mCarriers[i], next - mCarriers[i].origin, show);

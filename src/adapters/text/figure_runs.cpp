@@ -95,6 +95,11 @@ Shape ShapeOf(std::u32string_view run) {
     return shape;
 }
 
+bool OneBlankBetween(std::u32string_view text, const FigureRun& left, const FigureRun& right) {
+    const std::size_t end = left.first + left.length;
+    return right.first == end + 1 && text[end] == U' ';
+}
+
 // Puts digit groups that make up one phone number together: two digits a group at least, seven in all.
 std::size_t PhoneGroups(std::u32string_view text, const std::vector<FigureRun>& runs, std::size_t index) {
     std::size_t digits = 0;
@@ -102,18 +107,14 @@ std::size_t PhoneGroups(std::u32string_view text, const std::vector<FigureRun>& 
     for (std::size_t i = index; i < runs.size(); ++i, ++count) {
         const Shape shape = ShapeOf(text.substr(runs[i].first, runs[i].length));
         if (!shape.plain || shape.digits < 2) break;
-        if (i > index) {
-            const std::size_t before = runs[i - 1].first + runs[i - 1].length;
-            if (runs[i].first != before + 1 || text[before] != U' ') break;
-        }
+        if (i > index && !OneBlankBetween(text, runs[i - 1], runs[i])) break;
         digits += shape.digits;
     }
     return count >= 2 && digits >= 7 ? count : 1;
 }
 
 bool BelongTogether(std::u32string_view text, const FigureRun& left, const FigureRun& right) {
-    const std::size_t end = left.first + left.length;
-    if (!left.isolated || right.first != end + 1 || text[end] != U' ') return false;
+    if (!left.isolated || !OneBlankBetween(text, left, right)) return false;
     const Shape a = ShapeOf(text.substr(left.first, left.length));
     const Shape b = ShapeOf(text.substr(right.first, right.length));
     return (a.date && b.clock) || (a.clock && b.date) || (a.digits > 0 && b.unit);
@@ -140,6 +141,9 @@ std::vector<FigureRun> FindFigureRuns(std::u32string_view text) {
             run.length = found[i].first + found[i].length - run.first;
             ++i;
         }
+        // Behind a word of Latin letters a number is part of its phrase: "Windows 10 Pro".
+        if (!runs.empty() && !runs.back().isolated && OneBlankBetween(text, runs.back(), run))
+            run.isolated = false;
         runs.push_back(run);
     }
     return runs;

@@ -71,13 +71,33 @@ std::shared_ptr<const report::ShapedWord> TextEngine::Word(report::StyleId style
     return mWords.Put(mKey, mShaper.Shape(mFonts.Faces(style), {mText, 0, mText.size(), rightToLeft}));
 }
 
+// Readers of a page guess its reading order from the letters alone: to them, blanks and marks behind a figure
+// belong to the figure. A right-to-left mark between the two, at the left of all that reads from left to
+// right, tells them better.
+bool TextEngine::NeedsMark(std::size_t first, std::size_t end) const {
+    const auto letter = [](char32_t c) { return IsArabic(c) && c != U'،' && c != U'؛' && c != U'؟'; };
+    const auto rightToLeft = [this](std::size_t i) { return (mLevels[i] & 1U) != 0; };
+    if (rightToLeft(first)) {
+        if (letter(mCharacters[end - 1])) return false;
+    } else {
+        if (first > 0 && !rightToLeft(first - 1)) return false;
+        while (end < mCharacters.size() && !rightToLeft(end))
+            ++end;
+    }
+    return end < mCharacters.size() && rightToLeft(end) && !letter(mCharacters[end]);
+}
+
 void TextEngine::AddWord(report::StyleId style, std::size_t first, std::size_t end) {
     mText.clear();
-    for (std::size_t i = first; i < end; ++i)
-        AppendCharacter(mText, mCharacters[i]);
     Unit unit;
     unit.level = mLevels[first];
-    unit.word = Word(style, (unit.level & 1U) != 0);
+    const bool rightToLeft = (unit.level & 1U) != 0;
+    const bool marked = NeedsMark(first, end);
+    if (marked && !rightToLeft) AppendCharacter(mText, report::ReadingMark);
+    for (std::size_t i = first; i < end; ++i)
+        AppendCharacter(mText, mCharacters[i]);
+    if (marked && rightToLeft) AppendCharacter(mText, report::ReadingMark);
+    unit.word = Word(style, rightToLeft);
     unit.width = unit.word->width;
     mUnits.push_back(std::move(unit));
 }

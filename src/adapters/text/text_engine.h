@@ -36,6 +36,7 @@ public:
 
 private:
     void ReadUnits(report::StyleId style, report::BaseDirection base);
+    [[nodiscard]] bool NeedsMark(std::size_t first, std::size_t end) const;
     void AddWord(report::StyleId style, std::size_t first, std::size_t end);
     std::shared_ptr<const report::ShapedWord> Word(report::StyleId style, bool rightToLeft);
     [[nodiscard]] std::vector<Unit> Cut(const StyleFaces& faces, const Unit& unit, report::Twips width);
