@@ -1,0 +1,203 @@
+#include "preview/frmPrntServer.h"
+#include "service/period_clause.h"
+#include "service/report_run.h"
+#include "service_fixture.h"
+#include "support/error_trap.h"
+#include "templates/PayOutRpt.h"
+
+namespace qbrpt {
+namespace {
+
+using fakes::ShownBox;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+class ReportRunTest : public ServiceTest {
+protected:
+    const std::string name1 = "مقهى";
+    const std::string addr1 = "شارع";
+    const std::string addr2 = "هاتف";
+    MainTitle title{name1, addr1, addr2};
+    Ref<PayOutRpt> report = std::make_shared<PayOutRpt>();
+    Ref<DAO::Recordset> records =
+        std::make_shared<fakes::FakeRecordset>(std::vector<fakes::Row>{{std::int64_t{1}}});
+
+    fakes::ReportRecord& Made() { return *platform.runtime->made.at(0); }
+};
+
+TEST_F(ReportRunTest, EmptiesTheCallersReferenceAndKeepsTheRows) {
+    RunReport(report, records, true, false, title);
+    EXPECT_TRUE(report.Empty());
+    EXPECT_FALSE(records.Empty());
+    EXPECT_FALSE(Made().alive);
+    EXPECT_TRUE(Made().rowsRead);
+    EXPECT_EQ(Made().texts["HotelNameText"], "مقهى");
+    EXPECT_EQ(Made().texts["HotelAddr1Text"], "شارع");
+    EXPECT_EQ(Made().texts["HotelAddr2Text"], "هاتف");
+    EXPECT_EQ(Made().device, "Lazer");
+    EXPECT_EQ(Made().driver, "lazer driver");
+    EXPECT_EQ(Made().port, "LPT1:");
+    EXPECT_EQ(Made().paperSize, 9);
+    EXPECT_EQ(Made().orientation, OrientationPortrait);
+    EXPECT_THAT(platform.screen->pointers, ElementsAre(Pointer::Wait, Pointer::Default));
+}
+
+TEST_F(ReportRunTest, BindsNothingUnlessAsked) {
+    RunReport(report, records, false, false, title);
+    EXPECT_EQ(Made().dataTag, std::nullopt);
+    EXPECT_FALSE(Made().rowsRead);
+    EXPECT_EQ(Made().printed, 1);
+}
+
+TEST_F(ReportRunTest, AFailureWithCancelSkipsToTheEnd) {
+    RunReport(report, nullptr, true, false, title);
+    EXPECT_THAT(platform.messages->boxes, ElementsAre(ShownBox{"Object variable not set.", 21, "qbrpt"}));
+    EXPECT_EQ(Made().printed, 0);
+    EXPECT_EQ(Made().device, "");
+    EXPECT_TRUE(report.Empty());
+    EXPECT_FALSE(Made().alive);
+    EXPECT_EQ(platform.screen->Current(), Pointer::Default);
+}
+
+TEST_F(ReportRunTest, AMissingReportFailsAtEveryStatementThatNeedsIt) {
+    platform.messages->usual = Retry;
+    Ref<PayOutRpt> none;
+    RunReport(none, records, true, true, title);
+    EXPECT_THAT(platform.messages->boxes, SizeIs(7));
+    EXPECT_EQ(platform.viewer->views, 0);
+    EXPECT_EQ(platform.screen->Current(), Pointer::Default);
+}
+
+TEST_F(ReportRunTest, ThePreviewTellsHowItClosed) {
+    EXPECT_TRUE(frmPrntServer::Instance().ShowpReport(report->Report(), false));
+    EXPECT_FALSE(platform.viewer->arabic);
+    EXPECT_FALSE(frmPrntServer::Instance().ShowpReport(nullptr, true));
+    EXPECT_THAT(platform.messages->boxes,
+                ElementsAre(ShownBox{"ShowpReport\rObject variable not set.", 21, "qbrpt"}));
+    platform.messages->usual = Retry;
+    EXPECT_TRUE(frmPrntServer::Instance().ShowpReport(nullptr, true));
+    EXPECT_EQ(platform.screen->Current(), Pointer::Default);
+    frmPrntServer::Drop();
+}
+
+TEST_F(ReportRunTest, ThePreviewLetsTheReportGo) {
+    frmPrntServer& window = frmPrntServer::Instance();
+    EXPECT_EQ(&frmPrntServer::Instance(), &window);
+    window.ShowpReport(report->Report(), true);
+    report.Clear();
+    EXPECT_FALSE(Made().alive);
+    frmPrntServer::Drop();
+}
+
+TEST_F(ServiceTest, WorkDates) {
+    GiveDatabase();
+    db->Answer("id = 1", {{std::int64_t{38'000}}});
+    db->Answer("id = 2", {{38'000.25}});
+    EXPECT_EQ(GetWorkDate(db, 5), 38'001);
+    EXPECT_EQ(GetWorkDate(db, 77), 0);
+    EXPECT_EQ(GetWorkDate(db, 1), 38'000);
+    EXPECT_EQ(GetWorkDate(db, 2), 38'000.25);
+    EXPECT_THROW(static_cast<void>(GetWorkDate(nullptr, 5)), Failure);
+    EXPECT_THAT(platform.messages->boxes, IsEmpty());
+    EXPECT_EQ(db->recordsets.at(0)->closed, 0); // dropped, not closed
+}
+
+TEST_F(ServiceTest, HostNames) {
+    db->Answer("FROM host_src", {});
+    db->Answer("FROM host_src WHERE id = 3", {{std::string("جهاز 3")}});
+    db->Answer("FROM host_src WHERE id = 4", {{Null{}}});
+    db->Fail("FROM host_src WHERE id = 6", "broken");
+    EXPECT_EQ(GetHostName(db, 3), "جهاز 3");
+    EXPECT_EQ(GetHostName(db, 4), "");
+    EXPECT_EQ(GetHostName(db, 5), "");
+    EXPECT_EQ(GetHostName(db, 6), "");
+    EXPECT_EQ(GetHostName(nullptr, 3), "");
+    EXPECT_EQ(Statements().at(0), "SELECT name FROM host_src WHERE id = 3");
+    EXPECT_EQ(db->recordsets.at(0)->closed, 1);
+    EXPECT_THAT(platform.messages->boxes, IsEmpty());
+}
+
+TEST_F(ServiceTest, ANameThatWasReadSurvivesAFailingClose) {
+    db->Answer("FROM host_src", {{std::string("جهاز 3")}});
+    fakes::FakePlatform::Observe(
+        std::make_shared<fakes::FaultObserver>(4, fakes::FaultObserver::Reach::Once));
+    EXPECT_EQ(GetHostName(db, 3), "جهاز 3");
+    EXPECT_EQ(db->recordsets.at(0)->closed, 0);
+}
+
+TEST(PeriodClauses, HaveThreeForms) {
+    struct Row {
+        const char* name;
+        std::int32_t d1;
+        std::int32_t d2;
+        const char* byNotZero;
+        const char* byPositive;
+    };
+    const ClauseWords words = {" WHERE (work_id", ")"};
+    for (const Row& row :
+         {Row{"range", 5, 9, " WHERE (work_id BETWEEN 5 AND 9)", " WHERE (work_id BETWEEN 5 AND 9)"},
+          Row{"equal", 5, 5, " WHERE (work_id = 5)", " WHERE (work_id = 5)"},
+          Row{"first only", 5, 0, " WHERE (work_id = 5)", " WHERE (work_id = 5)"},
+          Row{"second only", 0, 7, "", ""}, Row{"none", 0, 0, "", ""},
+          Row{"negative second", 5, -7, " WHERE (work_id BETWEEN 5 AND -7)", " WHERE (work_id = 5)"},
+          Row{"negative first", -5, 7, " WHERE (work_id BETWEEN -5 AND 7)", ""}}) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(PeriodClause(words, FormOfPeriod(row.d1, row.d2), row.d1, row.d2), row.byNotZero);
+        EXPECT_EQ(PeriodClause(words, FormOfPeriod(row.d1, row.d2, Given::Positive), row.d1, row.d2),
+                  row.byPositive);
+    }
+}
+
+struct PayoutRow {
+    const char* name;
+    std::int32_t d1;
+    std::int32_t d2;
+    std::vector<std::int32_t> lookedUp;
+    const char* filter;
+    const char* period;
+};
+
+class Payout : public ServiceTest, public ::testing::WithParamInterface<PayoutRow> {};
+
+TEST_P(Payout, ReachesTheStatementAndTheTitle) {
+    const PayoutRow& row = GetParam();
+    GiveDatabase();
+    cls.PrintPayout(row.d1, row.d2, 0);
+    std::vector<std::string> expected;
+    for (const std::int32_t id : row.lookedUp)
+        expected.push_back("SELECT use_date FROM host_log_time WHERE id = " + std::to_string(id));
+    expected.push_back(std::string("SELECT amount, pay_date, details FROM pay_out ") + row.filter);
+    EXPECT_EQ(Statements(), expected);
+    EXPECT_EQ(db->opened.back().type, std::optional<int>(2));
+    EXPECT_EQ(platform.runtime->made.at(0)->texts["HeadTitleText"],
+              std::string("المصروفات الخارجية ") + row.period);
+    EXPECT_THAT(platform.printers->orientations, IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, Payout,
+    ::testing::Values(PayoutRow{"Range",
+                                5,
+                                9,
+                                {5, 9},
+                                " WHERE (work_id BETWEEN 5 AND 9)",
+                                "من الخميس 15 يناير إلى الاثنين 19 يناير 2004"},
+                      PayoutRow{
+                          "EqualBounds", 5, 5, {5}, " WHERE (work_id = 5)", "ليوم الخميس 15 يناير 2004"},
+                      PayoutRow{"FirstOnly", 5, 0, {5}, " WHERE (work_id = 5)", "ليوم الخميس 15 يناير 2004"},
+                      PayoutRow{"SecondOnly", 0, 9, {0, 9}, "", "من  إلى الاثنين 19 يناير 2004"},
+                      PayoutRow{"None", 0, 0, {0}, "", "ليوم "}),
+    [](const auto& row) { return row.param.name; });
+
+TEST_F(ServiceTest, APayoutListWithoutRowsEndsInSilence) {
+    GiveDatabase();
+    db->Answer("FROM pay_out", {});
+    cls.PrintPayout(5, 9);
+    EXPECT_THAT(platform.runtime->made, IsEmpty());
+    EXPECT_THAT(platform.messages->boxes, IsEmpty());
+    EXPECT_THAT(platform.screen->pointers, IsEmpty());
+}
+
+} // namespace
+} // namespace qbrpt
