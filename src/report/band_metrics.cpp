@@ -4,29 +4,22 @@
 
 namespace qbrpt::report {
 
-Twips BandMetrics::Measure(const CompiledSection& section, const FormatScope& scope) {
+Twips BandMetrics::Measure(const CompiledSection& section, const FormatScope& scope, SectionText& text) {
     mObjects.assign(section.objects.size(), {});
     if (section.hidesRepeated && scope.above) MarkRepeated(section, scope);
     const Twips fixed = section.subreport == NoIndex ? section.section->height
                                                      : section.objects[section.subreport].object->top;
     if (!section.mayGrow) return std::max(fixed, 0);
     Twips added = 0;
-    // Objects further down come later or earlier in the list; growth is known before offsets are.
     for (std::size_t i = 0; i < section.objects.size(); ++i) {
         const CompiledObject& object = section.objects[i];
         if (!object.mayGrow || mObjects[i].repeated || !SectionText::Shown(*object.object, scope)) continue;
-        mObjects[i].lines = mFitter.LineCount(object, mText.Of(section, object, scope).text);
+        mObjects[i].lines = mFitter.LineCount(object, text.Of(section, object, scope).text);
         mObjects[i].growth = static_cast<Twips>(mObjects[i].lines - 1) * object.object->lineStep;
     }
-    std::vector<std::size_t> byTop;
     const auto grows = [](const ObjectMetrics& metrics) { return metrics.growth > 0; };
     if (std::none_of(mObjects.begin(), mObjects.end(), grows)) return std::max(fixed, 0);
-    for (std::size_t i = 0; i < mObjects.size(); ++i)
-        byTop.push_back(i);
-    std::stable_sort(byTop.begin(), byTop.end(), [&](std::size_t a, std::size_t b) {
-        return section.objects[a].object->top < section.objects[b].object->top;
-    });
-    for (const std::size_t i : byTop) {
+    for (const std::size_t i : section.fromTop) {
         for (const std::size_t above : section.objects[i].pushedBy)
             mObjects[i].offset =
                 std::max(mObjects[i].offset, mObjects[above].offset + mObjects[above].growth);

@@ -17,10 +17,10 @@ struct ObjectMetrics {
 
 class BandMetrics {
 public:
-    BandMetrics(SectionText& text, TextFitter& fitter) : mText(text), mFitter(fitter) {}
+    explicit BandMetrics(TextFitter& fitter) : mFitter(fitter) {}
 
     /// The height of the section, and from now on what At() tells of its objects.
-    Twips Measure(const CompiledSection& section, const FormatScope& scope);
+    Twips Measure(const CompiledSection& section, const FormatScope& scope, SectionText& text);
 
     [[nodiscard]] const ObjectMetrics& At(std::size_t object) const { return mObjects[object]; }
 
@@ -32,7 +32,6 @@ private:
     void MarkRepeated(const CompiledSection& section, const FormatScope& scope);
     [[nodiscard]] bool MovesCut(const CompiledObject& object, const ObjectMetrics& metrics, Twips& cut) const;
 
-    SectionText& mText;
     TextFitter& mFitter;
     std::vector<ObjectMetrics> mObjects;
 };

@@ -79,6 +79,10 @@ private:
         AddPushes(compiled);
         for (std::size_t i = 0; i < compiled.objects.size(); ++i)
             compiled.drawOrder.push_back(i);
+        compiled.fromTop = compiled.drawOrder;
+        std::stable_sort(compiled.fromTop.begin(), compiled.fromTop.end(), [&](std::size_t a, std::size_t b) {
+            return compiled.objects[a].object->top < compiled.objects[b].object->top;
+        });
         std::stable_partition(compiled.drawOrder.begin(), compiled.drawOrder.end(), [&](std::size_t i) {
             return compiled.objects[i].object->type == ObjectType::Box;
         });

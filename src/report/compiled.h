@@ -28,6 +28,7 @@ struct CompiledSection {
     const Section* section = nullptr;
     std::vector<CompiledObject> objects;
     std::vector<std::size_t> drawOrder;                ///< boxes first, then the order of the layout
+    std::vector<std::size_t> fromTop;                  ///< the highest first
     std::size_t subreport = NoIndex;                   ///< the object that holds a subreport
     const struct CompiledDefinition* inside = nullptr; ///< that subreport, compiled
     bool mayGrow = false;

@@ -29,17 +29,18 @@ std::size_t FirstDifference(const std::vector<Group>& groups, const RowView& a, 
     return groups.size();
 }
 
+FlowState Beginning(const CompiledDefinition& definition) {
+    const std::size_t groups = definition.definition->groups.size();
+    return {.groupStart = std::vector<std::size_t>(groups),
+            .groupRows = std::vector<std::size_t>(groups),
+            .totals = TotalsBook(definition.totals)};
+}
+
 } // namespace
 
 Flow::Flow(const CompiledDefinition& definition, std::shared_ptr<const RowSource> rows, Header header)
-    : mDefinition(definition), mSource(rows),
-      mRows(std::move(rows), *definition.definition), mState{.groupStart = {},
-                                                             .groupRows = {},
-                                                             .totals = TotalsBook(definition.totals)},
-      mHeader(header), mGroupTotals(definition.definition->groups.size()) {
-    mState.groupStart.resize(definition.definition->groups.size());
-    mState.groupRows.resize(definition.definition->groups.size());
-}
+    : mDefinition(definition), mSource(rows), mRows(std::move(rows), *definition.definition),
+      mState(Beginning(definition)), mHeader(header), mGroupTotals(definition.definition->groups.size()) {}
 
 void Flow::AddSections(const SectionPlaces::List& list, std::size_t openGroups, Block& block) const {
     for (const std::size_t section : list)
@@ -118,6 +119,10 @@ void Flow::Commit(const Block& block) {
     for (std::size_t& rows : mState.groupRows)
         ++rows;
     mState.totals.AddRow(*mRows.Current());
+}
+
+void Flow::Rewind() {
+    Restore(Beginning(mDefinition), false);
 }
 
 void Flow::Restore(const FlowState& state, bool withCurrent) {

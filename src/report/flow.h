@@ -70,6 +70,8 @@ public:
     [[nodiscard]] const RowWindow& Rows() const { return mRows; }
     [[nodiscard]] const FlowState& State() const { return mState; }
 
+    /// Back to the beginning.
+    void Rewind();
     /// Goes on from `state`. With `withCurrent`, the row before its next one is current, as it was when a
     /// block of it had been taken.
     void Restore(const FlowState& state, bool withCurrent);

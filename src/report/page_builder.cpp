@@ -22,6 +22,16 @@ Twips ObjectLeft(const PlacedBand& band, const Object& object) {
     return band.rightEdge - object.right - object.width;
 }
 
+bool IsLastSlice(const PlacedBand& band) {
+    return band.sliceBottom >= band.height;
+}
+
+// Whether something at `y` below the band's top stands in this slice; what lies outside a band belongs to
+// its first or last slice.
+bool InSlice(const PlacedBand& band, Twips y) {
+    return (y >= band.sliceTop || band.sliceTop == 0) && (y < band.sliceBottom || IsLastSlice(band));
+}
+
 } // namespace
 
 Item PageBuilder::Start(const PlacedBand& band, std::size_t index, ItemKind kind) const {
@@ -30,7 +40,7 @@ Item PageBuilder::Start(const PlacedBand& band, std::size_t index, ItemKind kind
     item.kind = kind;
     item.color = object.color;
     item.x = ObjectLeft(band, object);
-    item.y = band.top + object.top + mMetrics[index].offset;
+    item.y = band.top + object.top + mMetrics.At(index).offset;
     item.width = object.width;
     item.height = object.height;
     item.stroke = object.stroke;
@@ -39,18 +49,15 @@ Item PageBuilder::Start(const PlacedBand& band, std::size_t index, ItemKind kind
 
 void PageBuilder::Draw(const PlacedBand& band) {
     const bool details = band.section.section->kind == SectionKind::Details;
-    BandMetrics metrics(band.text, mFitter);
-    metrics.Measure(band.section, band.scope);
-    mMetrics.clear();
-    for (std::size_t i = 0; i < band.section.objects.size(); ++i)
-        mMetrics.push_back(metrics.At(i));
+    mMetrics.Measure(band.section, band.scope, band.text);
     if (details)
         PassRows(band);
     else
         EndRows();
     mTextEnd.assign(band.section.objects.size(), 0);
     for (const std::size_t index : band.section.drawOrder) {
-        if (SectionText::Shown(*band.section.objects[index].object, band.scope) && !mMetrics[index].repeated)
+        if (SectionText::Shown(*band.section.objects[index].object, band.scope) &&
+            !mMetrics.At(index).repeated)
             DrawObject(band, index);
     }
 }
@@ -61,8 +68,8 @@ void PageBuilder::PassRows(const PlacedBand& band) {
     if (band.row == mWaitingRow) return;
     if (!band.scope.above) EndRows();
     for (WaitingLine& line : mBetween) {
-        for (std::size_t i = 0; i < mMetrics.size() && line.yields; ++i) {
-            if (!mMetrics[i].repeated) continue;
+        for (std::size_t i = 0; i < band.section.objects.size() && line.yields; ++i) {
+            if (!mMetrics.At(i).repeated) continue;
             const Twips left = ObjectLeft(band, *band.section.objects[i].object);
             line.item.width = std::min(line.item.width, std::max(left - line.item.x, 0));
         }
@@ -118,8 +125,8 @@ void PageBuilder::DrawWriting(const PlacedBand& band, std::size_t index) {
 void PageBuilder::DrawFigures(const PlacedBand& band, std::size_t index, const ValueText& text, Twips left,
                               Twips width) {
     const CompiledObject& object = band.section.objects[index];
-    const Twips lineTop = object.object->top + mMetrics[index].offset;
-    if (lineTop < band.sliceTop || lineTop >= band.sliceBottom) return;
+    const Twips lineTop = object.object->top + mMetrics.At(index).offset;
+    if (!InSlice(band, lineTop)) return;
     const FittedFigures fitted = mFitter.FitFigures(object, text.text, width);
     Item item = Start(band, index, ItemKind::Figures);
     item.style = fitted.style;
@@ -143,14 +150,15 @@ void PageBuilder::DrawText(const PlacedBand& band, std::size_t index, std::strin
     Item item = Start(band, index, ItemKind::Word);
     item.style = fitted.style;
     item.height = 0;
-    Twips lineTop = object.object->top + mMetrics[index].offset;
+    Twips lineTop = object.object->top + mMetrics.At(index).offset;
     bool drawn = false;
     for (std::size_t line = 0; line < fitted.block->lines.size(); ++line) {
         const TextLine& source = fitted.block->lines[line];
         const Twips x = AlignedLeft(object.object->align, left, width, source.width);
         const auto down = static_cast<Twips>(line) * object.object->lineStep;
-        if (lineTop >= band.sliceTop && lineTop < band.sliceBottom) {
-            item.y = band.top + object.object->top + mMetrics[index].offset + object.object->baseline + down;
+        if (InSlice(band, lineTop)) {
+            item.y =
+                band.top + object.object->top + mMetrics.At(index).offset + object.object->baseline + down;
             for (const PlacedWord& word : source.words) {
                 item.x = x + word.x;
                 item.width = word.word->width;
@@ -169,10 +177,7 @@ void PageBuilder::DrawLine(const PlacedBand& band, std::size_t index) {
     const Object& object = *band.section.objects[index].object;
     Item item = Start(band, index, ItemKind::Rule);
     if (object.atBottom) item.y = band.top + band.height - object.top;
-    const Twips inBand = item.y - band.top;
-    const bool last = band.sliceBottom >= band.height;
-    if (inBand < band.sliceTop && band.sliceTop > 0) return;
-    if (inBand >= band.sliceBottom && !last) return;
+    if (!InSlice(band, item.y - band.top)) return;
     switch (object.when) {
     case LineWhen::Always:
         mPage.items.push_back(item);
@@ -192,11 +197,11 @@ void PageBuilder::DrawLine(const PlacedBand& band, std::size_t index) {
 void PageBuilder::DrawBox(const PlacedBand& band, std::size_t index) {
     const Object& object = *band.section.objects[index].object;
     Item item = Start(band, index, ItemKind::Fill);
-    if (object.fullHeight) item.height += band.height - band.section.section->height - mMetrics[index].offset;
-    const Twips top = std::max(item.y, band.top + band.sliceTop);
-    const bool last = band.sliceBottom >= band.height;
-    const Twips bottom =
-        last ? item.y + item.height : std::min(item.y + item.height, band.top + band.sliceBottom);
+    if (object.fullHeight)
+        item.height += band.height - band.section.section->height - mMetrics.At(index).offset;
+    const Twips top = band.sliceTop == 0 ? item.y : std::max(item.y, band.top + band.sliceTop);
+    const Twips end = item.y + item.height;
+    const Twips bottom = IsLastSlice(band) ? end : std::min(end, band.top + band.sliceBottom);
     if (bottom < top || (bottom == top && item.height > 0)) return;
     item.y = top;
     item.height = bottom - top;
@@ -227,8 +232,7 @@ void PageBuilder::DrawPicture(const PlacedBand& band, std::size_t index) {
     const Object& object = *band.section.objects[index].object;
     if (!object.image || object.image->width <= 0 || object.image->height <= 0) return;
     Item item = Start(band, index, ItemKind::Image);
-    const Twips inBand = item.y - band.top;
-    if (inBand < band.sliceTop || inBand >= band.sliceBottom || item.width <= 0 || item.height <= 0) return;
+    if (!InSlice(band, item.y - band.top) || item.width <= 0 || item.height <= 0) return;
     const auto known = std::find(mPage.pictures.begin(), mPage.pictures.end(), object.image);
     item.first = static_cast<std::uint32_t>(known - mPage.pictures.begin());
     if (known == mPage.pictures.end()) mPage.pictures.push_back(object.image);

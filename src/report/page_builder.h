@@ -24,7 +24,7 @@ struct PlacedBand {
 
 class PageBuilder {
 public:
-    PageBuilder(Page& page, TextFitter& fitter) : mPage(page), mFitter(fitter) {}
+    PageBuilder(Page& page, TextFitter& fitter) : mPage(page), mFitter(fitter), mMetrics(fitter) {}
 
     void Draw(const PlacedBand& band);
     /// No row follows the last one on this page.
@@ -53,7 +53,7 @@ private:
     Page& mPage;
     TextFitter& mFitter;
     std::vector<Twips> mTextEnd; ///< left edge of each object's text in this band
-    std::vector<ObjectMetrics> mMetrics;
+    BandMetrics mMetrics;
     std::vector<WaitingLine> mBetween;
     std::vector<Item> mLast;
     std::size_t mWaitingRow = NoIndex;
