@@ -1,5 +1,6 @@
 #include "report/page_text.h"
 
+#include "base/utf8.h"
 #include "report/decimal_text.h"
 
 #include <algorithm>
@@ -29,6 +30,18 @@ std::string Stroke(std::int32_t hundredths) {
     FigureText text;
     WriteGrouped(text, hundredths / 100.0, 2, TrailingZeros::Keep);
     return std::string(text.View());
+}
+
+// Marks that only steer the order of other letters.
+bool IsInvisible(char32_t c) {
+    return (c >= 0x200E && c <= 0x200F) || (c >= 0x2066 && c <= 0x2069);
+}
+
+void AppendVisible(std::string& out, std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const char32_t c = NextCharacter(text, at);
+        if (!IsInvisible(c)) AppendCharacter(out, c);
+    }
 }
 
 class Writer {
@@ -125,8 +138,10 @@ private:
                 run = runEnd == order.end() ? runEnd : runEnd + 1;
             }
         }
-        for (std::size_t i = 0; i < order.size(); ++i)
-            mOut.append(i == 0 ? "" : " ").append(mPage.items[order[i]].word->text);
+        for (std::size_t i = 0; i < order.size(); ++i) {
+            if (i > 0) mOut += ' ';
+            AppendVisible(mOut, mPage.items[order[i]].word->text);
+        }
     }
 
     const Page& mPage;
