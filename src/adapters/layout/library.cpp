@@ -37,13 +37,15 @@ std::optional<OwnFile> ReadOwnFile(const std::string& folder, std::string_view n
     const std::filesystem::path path = std::filesystem::path(folder) / (std::string(name) + ".toml");
     std::error_code error;
     if (!std::filesystem::exists(path, error)) return std::nullopt;
-    const std::uintmax_t size = std::filesystem::file_size(path, error);
-    if (!error && size > LargestFile)
+    const auto unreadable = [&path] {
+        return Failure(FailureNumber::FileAccess, path.string() + ": the layout file cannot be read.");
+    };
+    if (!std::filesystem::is_regular_file(path, error)) throw unreadable();
+    if (std::filesystem::file_size(path, error) > LargestFile)
         throw Failure(FailureNumber::Layout, path.string() + ": the file is too large for a layout.");
     std::ifstream stream(path, std::ios::binary);
+    if (error || !stream.is_open()) throw unreadable();
     OwnFile file{path.string(), {std::istreambuf_iterator<char>(stream), {}}};
-    if (error || !stream.is_open() || stream.bad())
-        throw Failure(FailureNumber::FileAccess, path.string() + ": the layout file cannot be read.");
     return file;
 }
 

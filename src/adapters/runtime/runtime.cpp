@@ -2,7 +2,7 @@
 
 #include "adapters/runtime/live_report.h"
 
-#include <cstddef>
+#include <set>
 #include <utility>
 
 namespace qbrpt {
@@ -29,10 +29,9 @@ RuntimeServices ServicesOf(std::shared_ptr<text::TextEngine> engine, std::shared
     RuntimeServices services;
     services.text = engine;
     services.fonts = std::shared_ptr<const text::FontBook>(engine, &engine->Fonts());
-    services.missingGlyphs = [engine, told = std::size_t{0}]() mutable {
+    services.missingGlyphs = [engine, told = std::set<std::string>()]() mutable {
         std::vector<std::string> missing = engine->MissingGlyphs();
-        const std::size_t before = std::exchange(told, missing.size());
-        missing.erase(missing.begin(), missing.begin() + static_cast<std::ptrdiff_t>(before));
+        std::erase_if(missing, [&told](const std::string& one) { return !told.insert(one).second; });
         return missing;
     };
     services.delivery = std::move(delivery);
