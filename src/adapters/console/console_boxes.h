@@ -14,9 +14,10 @@ public:
     /// `onError`: Cancel or Retry.
     ConsoleBoxes(std::ostream& stream, BoxAnswer onError);
 
-private:
+protected:
     BoxAnswer DoMsgBox(const std::string& text, int style, const std::string& title) override;
 
+private:
     std::ostream& mStream;
     BoxAnswer mOnError;
     int mRetries = 0;

@@ -1,0 +1,163 @@
+#include "command_host.h"
+
+#include "adapters/console/console_boxes.h"
+#include "adapters/printing/file_viewer.h"
+#include "adapters/printing/pdf_folder.h"
+#include "adapters/printing/printer_list.h"
+#include "adapters/real/real_platform.h"
+#include "adapters/trace/trace_writer.h"
+#include "base/failure.h"
+#include "file_output.h"
+#include "interrupt.h"
+#include "progress_line.h"
+
+#include <filesystem>
+#include <iostream>
+#include <utility>
+
+namespace qbrpt::cli {
+
+namespace {
+
+/// Boxes on standard error, which remember whether one of them told of an error.
+class CommandBoxes : public ConsoleBoxes {
+public:
+    explicit CommandBoxes(BoxAnswer onError) : ConsoleBoxes(std::cerr, onError) {}
+    [[nodiscard]] bool ErrorSeen() const { return mErrorSeen; }
+
+private:
+    BoxAnswer DoMsgBox(const std::string& text, int style, const std::string& title) override {
+        // The user knows that he stopped it.
+        if (InterruptSignal() != 0) return BoxAnswer::Cancel;
+        if (style == BoxStyle::Critical || style == BoxStyle::CriticalRetryCancel) mErrorSeen = true;
+        return ConsoleBoxes::DoMsgBox(text, style, title);
+    }
+    bool mErrorSeen = false;
+};
+
+/// Prints what would be shown.
+class PrintingViewer : public CRViewer {
+private:
+    Shown DoViewReport(const Ref<CrystalRuntime::Report>& report, bool) override {
+        report->PrintOut(false);
+        return {OutputOf(report).Device(), report->NumberOfPages()};
+    }
+};
+
+/// What a run has made, and where it says so.
+struct Made {
+    bool report = false;
+    [[nodiscard]] FileMade Teller() {
+        return [this](const std::filesystem::path& file) {
+            report = true;
+            std::cerr << "qbrpt: " << file.string() << std::endl;
+        };
+    }
+};
+
+/// One call with all that belongs to it. Undoes the platform at its end.
+class Run {
+public:
+    explicit Run(const MemberCall& call) : mCall(call) {}
+    ~Run() { Platform::Install(nullptr); }
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+
+    int Execute() {
+        InstallPlatform();
+        if (!mCall.printer.empty()) ChoosePrinter();
+        {
+            VantlowCls object;
+            object.SetMainTitle(mCall.title, mCall.addr1, mCall.addr2);
+            if (OpenDatabase(object)) Call(object);
+        }
+        return Status();
+    }
+
+private:
+    void InstallPlatform() {
+        RealParts parts;
+        mBoxes = std::make_shared<CommandBoxes>(mCall.onError.value_or(AnswerFromSettings()));
+        parts.messages = Ref<MessageBoxes>(mBoxes);
+        const PdfPrinter pdfPrinter(PdfFolder());
+        if (mCall.destination == Destination::Files) {
+            mFiles = std::make_shared<FileOutput>(mCall.pdfFile, mCall.csvFile);
+            parts.delivery = mFiles;
+            parts.viewer = std::make_shared<FileOutputViewer>(mFiles);
+            parts.printers = std::make_shared<PrinterList>(std::vector{pdfPrinter.Info()});
+        } else {
+            parts.delivery = std::make_shared<PrinterDelivery>(pdfPrinter, mMade.Teller());
+            if (mCall.destination == Destination::Printer)
+                parts.viewer = std::make_shared<PrintingViewer>();
+            else
+                parts.viewer = std::make_shared<FileViewer>(pdfPrinter, mMade.Teller());
+        }
+        if (!mCall.traceFile.empty()) parts.trace = std::make_shared<TraceWriter>(mCall.traceFile);
+        auto platform = MakeRealPlatform(std::move(parts));
+        platform->observers.Add(std::make_shared<InterruptObserver>());
+        Platform::Install(std::move(platform));
+    }
+
+    void ChoosePrinter() const {
+        const Ref<Printers> printers = Platform::Current().printers;
+        std::string names;
+        for (std::int32_t i = 0; i < printers->Count(); ++i) {
+            const std::string name = printers->Item(i).deviceName;
+            if (name == mCall.printer) return printers->SetCurrent(name);
+            names += (names.empty() ? "\"" : ", \"") + name + "\"";
+        }
+        throw WrongUse("There is no printer \"" + mCall.printer + "\"; there is " +
+                       (names.empty() ? "none at all" : names) + ".");
+    }
+
+    /// False when there should be a database and the user has given up on it.
+    bool OpenDatabase(VantlowCls& object) const {
+        if (mCall.database.empty() && mCall.connect.empty()) return true;
+        return object.SetDbInfo(mCall.database, mCall.connect) != 0;
+    }
+
+    void Call(VantlowCls& object) {
+        const std::string answer = mCall.member->call(object, mCall.arguments);
+        if (mCall.member->outcome == Outcome::Answer) std::cout << answer << std::endl;
+    }
+
+    [[nodiscard]] int Status() const {
+        if (const int signal = InterruptSignal(); signal != 0) return Interrupted + signal;
+        if (mBoxes->ErrorSeen()) return ErrorShown;
+        if (mCall.member->outcome != Outcome::Report) return ReportMade;
+        if (mMade.report || (mFiles && mFiles->Written())) return ReportMade;
+        std::cerr << (mCall.database.empty() && mCall.connect.empty()
+                          ? "qbrpt: nothing was made: no database was given (--db).\n"
+                          : "qbrpt: no rows, nothing was made.\n");
+        return NothingMade;
+    }
+
+    const MemberCall& mCall;
+    std::shared_ptr<CommandBoxes> mBoxes;
+    std::shared_ptr<FileOutput> mFiles;
+    Made mMade;
+};
+
+} // namespace
+
+int RunMember(const MemberCall& call) {
+    return Run(call).Execute();
+}
+
+int RunSample(sample::SampleOptions options) {
+    ProgressLine line;
+    options.progress = [&line](double share) {
+        line.Show("making the sample, " + std::to_string(static_cast<int>(share * 100)) + " %");
+    };
+    try {
+        sample::MakeSampleDatabase(options);
+    } catch (const Failure& failure) {
+        if (failure.Number() == FailureNumber::Cancelled && InterruptSignal() != 0)
+            return Interrupted + InterruptSignal();
+        if (failure.Number() == FailureNumber::InvalidArgument) throw WrongUse(failure.Description());
+        throw;
+    }
+    return ReportMade;
+}
+
+} // namespace qbrpt::cli

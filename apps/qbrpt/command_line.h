@@ -1,0 +1,49 @@
+// What was asked for on the command line.
+#pragma once
+
+#include "members.h"
+#include "platform/desktop.h"
+#include "sample/sample.h"
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace qbrpt::cli {
+
+/// Where the report of a member goes.
+enum class Destination : std::uint8_t {
+    AsCalled, ///< as the member's own arguments say
+    Files,    ///< --pdf, --csv
+    Printer,  ///< --print
+    Preview   ///< --preview
+};
+
+struct MemberCall {
+    const Member* member = nullptr;
+    std::vector<Argument> arguments;
+    std::string database;
+    std::string connect;
+    std::string title;
+    std::string addr1;
+    std::string addr2;
+    Destination destination = Destination::AsCalled;
+    std::string pdfFile;
+    std::string csvFile;
+    std::string printer;
+    std::string traceFile;
+    std::optional<BoxAnswer> onError; ///< nothing: as the settings say
+};
+
+/// A text to print instead of doing anything: help, version.
+struct Information {
+    std::string text;
+};
+
+using Request = std::variant<MemberCall, sample::SampleOptions, Information>;
+
+/// Reads the command line; raises WrongUse, with words for the user.
+[[nodiscard]] Request ReadCommandLine(int count, const char* const* words);
+
+} // namespace qbrpt::cli

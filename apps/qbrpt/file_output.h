@@ -1,0 +1,49 @@
+// --pdf and --csv: the report as files.
+#pragma once
+
+#include "adapters/files/atomic_file.h"
+#include "adapters/output/report_output.h"
+#include "platform/CRViewer.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace qbrpt::cli {
+
+/// Writes a report to the files that were asked for, at the moment at which it would be shown or printed.
+class FileOutput : public Delivery {
+public:
+    /// Empty names are left out. The files are begun here, so that a place that cannot be written shows
+    /// before any work is done; they appear only when both are complete.
+    FileOutput(const std::string& pdfFile, const std::string& csvFile);
+
+    void Print(ReportOutput& report, const PrintJob& job) override;
+    void Write(ReportOutput& report, const PageRange& pages);
+
+    [[nodiscard]] bool Written() const { return mWritten; }
+
+private:
+    struct Target {
+        std::string name;
+        std::unique_ptr<AtomicFile> file;
+        /// The begun file, or a new one where a command makes several reports.
+        AtomicFile& Open();
+    };
+    Target mPdf;
+    Target mCsv;
+    bool mWritten = false;
+};
+
+/// "Shows" a report by writing it.
+class FileOutputViewer : public CRViewer {
+public:
+    explicit FileOutputViewer(std::shared_ptr<FileOutput> output) : mOutput(std::move(output)) {}
+
+private:
+    Shown DoViewReport(const Ref<CrystalRuntime::Report>& report, bool arabic) override;
+
+    std::shared_ptr<FileOutput> mOutput;
+};
+
+} // namespace qbrpt::cli

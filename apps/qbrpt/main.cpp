@@ -1,0 +1,42 @@
+// qbrpt at the command line: one call of the component, its report as a file, on paper or on screen.
+#include "command_host.h"
+#include "interrupt.h"
+
+#include <exception>
+#include <iostream>
+#include <type_traits>
+
+namespace {
+
+using namespace qbrpt::cli;
+
+int Answer(const Request& request) {
+    return std::visit(
+        [](const auto& asked) -> int {
+            using Asked = std::decay_t<decltype(asked)>;
+            if constexpr (std::is_same_v<Asked, MemberCall>) {
+                return RunMember(asked);
+            } else if constexpr (std::is_same_v<Asked, Information>) {
+                std::cout << asked.text << std::flush;
+                return std::cout ? ReportMade : ErrorShown;
+            } else {
+                return RunSample(asked);
+            }
+        },
+        request);
+}
+
+} // namespace
+
+int main(int count, char** words) {
+    try {
+        WatchInterrupts();
+        return Answer(ReadCommandLine(count, words));
+    } catch (const WrongUse& wrong) {
+        std::cerr << "qbrpt: " << wrong.what() << '\n';
+        return WrongUseGiven;
+    } catch (const std::exception& error) {
+        std::cerr << "qbrpt: " << error.what() << '\n';
+        return ErrorShown;
+    }
+}

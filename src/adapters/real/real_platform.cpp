@@ -1,0 +1,66 @@
+#include "adapters/real/real_platform.h"
+
+#include "adapters/console/console_boxes.h"
+#include "adapters/console/quiet_screen.h"
+#include "adapters/database/sqlite/sqlite_engine.h"
+#include "adapters/locale/locale_adapter.h"
+#include "adapters/locale/system_clock.h"
+#include "adapters/printing/file_viewer.h"
+#include "adapters/printing/pdf_folder.h"
+#include "adapters/printing/printer_list.h"
+#include "adapters/runtime/runtime.h"
+#include "adapters/text/font_source.h"
+#include "adapters/text/text_engine.h"
+#include "adapters/trace/trace_writer.h"
+#include "adapters/window/xcb_windows.h"
+
+#include <filesystem>
+#include <iostream>
+#include <utility>
+#include <vector>
+
+namespace qbrpt {
+
+namespace {
+
+void TellOfFile(const std::filesystem::path& file) {
+    std::cerr << "qbrpt: " << file.string() << std::endl;
+}
+
+} // namespace
+
+Ref<Printers> MakeInstalledPrinters() {
+    std::vector<PrinterInfo> printers;
+    if (PdfPrinterIsOn()) printers.push_back(PdfPrinter(PdfFolder()).Info());
+    return std::make_shared<PrinterList>(std::move(printers));
+}
+
+std::unique_ptr<Platform> MakeRealPlatform(RealParts parts) {
+    const PdfPrinter pdfPrinter(PdfFolder());
+    if (!parts.delivery) parts.delivery = std::make_shared<PrinterDelivery>(pdfPrinter, TellOfFile);
+    if (parts.viewer.Empty()) parts.viewer = std::make_shared<FileViewer>(pdfPrinter, TellOfFile);
+    if (parts.messages.Empty())
+        parts.messages = std::make_shared<ConsoleBoxes>(std::cerr, AnswerFromSettings());
+    if (parts.printers.Empty()) parts.printers = MakeInstalledPrinters();
+    if (!parts.trace) parts.trace = TraceFromSettings();
+
+    auto platform = std::make_unique<Platform>();
+    platform->engine = MakeSqliteEngine();
+    platform->reports = MakeRuntime(ServicesOf(text::MakeTextPort(), std::move(parts.delivery)));
+    platform->viewer = std::move(parts.viewer);
+    platform->windows = std::make_shared<XcbWindows>();
+    platform->screen = std::make_shared<QuietScreen>();
+    platform->messages = std::move(parts.messages);
+    platform->printers = std::move(parts.printers);
+    platform->fonts = std::shared_ptr<FontSource>(text::MakeFontSource());
+    platform->locale = MakeLocale();
+    platform->clock = MakeSystemClock();
+    if (parts.trace) platform->observers.Add(std::move(parts.trace));
+    return platform;
+}
+
+std::unique_ptr<Platform> MakeRealPlatform() {
+    return MakeRealPlatform(RealParts{});
+}
+
+} // namespace qbrpt

@@ -1,0 +1,30 @@
+// The platform of a real run, with parts that a host of the house may put its own in for.
+#pragma once
+
+#include "adapters/output/report_output.h"
+#include "platform/CRViewer.h"
+#include "platform/desktop.h"
+#include "platform/platform.h"
+#include "platform/printing.h"
+
+#include <memory>
+
+namespace qbrpt {
+
+/// What takes the place of a real adapter; empty parts stay real.
+struct RealParts {
+    Ref<CRViewer> viewer;
+    Ref<MessageBoxes> messages;
+    Ref<Printers> printers;
+    std::shared_ptr<Delivery> delivery;
+    /// Takes the place of the trace that QBRPT_TRACE names.
+    std::shared_ptr<PortObserver> trace;
+};
+
+/// Never fails: a part that cannot work says so when it is used.
+[[nodiscard]] std::unique_ptr<Platform> MakeRealPlatform(RealParts parts);
+
+/// The printers of this machine, the PDF printer among them unless it is switched off.
+[[nodiscard]] Ref<Printers> MakeInstalledPrinters();
+
+} // namespace qbrpt
