@@ -14,6 +14,10 @@ namespace {
 constexpr const char* ExitHelp =
     "Exit status: 0 report made; 3 no rows, nothing made; 1 an error was shown; 2 wrong use.";
 
+// As many as day numbers and the memory of a machine allow without surprise.
+constexpr int MostDays = 36'500;
+constexpr int MostSessions = 1'000'000;
+
 /// The parts of a member's command line that are texts before they are anything else.
 struct Typed {
     std::vector<std::string> arguments;
@@ -44,21 +48,28 @@ void AddOptions(CLI::App& command, MemberCall& call, Typed& typed) {
     command.add_option("--title", call.title, "the café's name, in the heading")->type_name("TEXT");
     command.add_option("--addr1", call.addr1, "first line under the name")->type_name("TEXT");
     command.add_option("--addr2", call.addr2, "second line under the name")->type_name("TEXT");
-    auto* pdf =
-        command.add_option("--pdf", call.pdfFile, "writes the pages to a PDF file")->type_name("FILE");
-    auto* csv = command.add_option("--csv", call.csvFile, "writes the rows to a CSV file")->type_name("FILE");
-    auto* print = command.add_flag("--print", typed.print, "prints what would be shown or printed");
-    auto* printer =
-        command.add_option("--printer", call.printer, "the printer of --print")->type_name("NAME");
-    auto* preview = command.add_flag("--preview", typed.preview, "shows what would be shown or printed");
-    printer->needs(print);
-    print->excludes(pdf)->excludes(csv)->excludes(preview);
-    preview->excludes(pdf)->excludes(csv);
+    command.add_option("--pdf", call.pdfFile, "writes the pages to a PDF file")->type_name("FILE");
+    command.add_option("--csv", call.csvFile, "writes the rows to a CSV file")->type_name("FILE");
+    command.add_flag("--print", typed.print, "prints what would be shown or printed");
+    command.add_option("--printer", call.printer, "the printer of --print")->type_name("NAME");
+    command.add_flag("--preview", typed.preview, "shows what would be shown or printed");
     command.add_option("--trace", call.traceFile, "writes what happens as JSON lines")->type_name("FILE");
     command.add_option("--on-error", typed.onError, "the answer to error boxes: cancel or retry")
         ->check(CLI::IsMember({"cancel", "retry"}))
         ->type_name("ANSWER");
     command.footer(ExitHelp);
+}
+
+/// Where the report goes; raises WrongUse where several ways are asked for.
+Destination DestinationOf(const MemberCall& call, const Typed& typed) {
+    const bool files = !call.pdfFile.empty() || !call.csvFile.empty();
+    if (static_cast<int>(files) + static_cast<int>(typed.print) + static_cast<int>(typed.preview) > 1)
+        throw WrongUse("Files (--pdf, --csv), --print and --preview cannot be asked for together.");
+    if (!call.printer.empty() && !typed.print) throw WrongUse("--printer goes with --print.");
+    if (files && call.pdfFile == call.csvFile) throw WrongUse("--pdf and --csv name the same file.");
+    if (files) return Destination::Files;
+    if (typed.print) return Destination::Printer;
+    return typed.preview ? Destination::Preview : Destination::AsCalled;
 }
 
 /// Turns the texts of a parsed member call into the call.
@@ -70,18 +81,12 @@ void Complete(MemberCall& call, const CLI::App& command, Typed& typed) {
     call.arguments = ReadArguments(*call.member, typed.arguments);
     if (!typed.onError.empty())
         call.onError = typed.onError == "retry" ? BoxAnswer::Retry : BoxAnswer::Cancel;
-    for (const char* option : {"--db", "--pdf", "--csv", "--trace", "--printer"})
-        if (const CLI::Option* given_ = command.get_option(option);
-            given_->count() > 0 && given_->as<std::string>().empty())
-            throw WrongUse(std::string{option} + " is given without a name.");
-    if (!call.pdfFile.empty() || !call.csvFile.empty())
-        call.destination = Destination::Files;
-    else if (typed.print)
-        call.destination = Destination::Printer;
-    else if (typed.preview)
-        call.destination = Destination::Preview;
-    if (!call.pdfFile.empty() && call.pdfFile == call.csvFile)
-        throw WrongUse("--pdf and --csv name the same file.");
+    for (const char* name : {"--db", "--pdf", "--csv", "--trace", "--printer"}) {
+        const CLI::Option* option = command.get_option(name);
+        if (option->count() > 0 && option->as<std::string>().empty())
+            throw WrongUse(std::string{name} + " is given without a name.");
+    }
+    call.destination = DestinationOf(call, typed);
 }
 
 void AddSample(CLI::App& application, sample::SampleOptions& options) {
@@ -89,10 +94,10 @@ void AddSample(CLI::App& application, sample::SampleOptions& options) {
     command->add_option("file", options.file, "the database file")->required()->type_name("FILE");
     command->add_option("--days", options.days, "working days")
         ->capture_default_str()
-        ->check(CLI::PositiveNumber);
+        ->check(CLI::Range(1, MostDays));
     command->add_option("--sessions-per-day", options.sessionsPerDay, "sessions of each day")
         ->capture_default_str()
-        ->check(CLI::NonNegativeNumber);
+        ->check(CLI::Range(0, MostSessions));
     command->add_option("--seed", options.seed, "the same seed makes the same rows")->capture_default_str();
 }
 
@@ -105,6 +110,9 @@ void AddSample(CLI::App& application, sample::SampleOptions& options) {
     if (known || firstWord.empty() || firstWord.starts_with('-'))
         throw WrongUse(std::string{error.what()} + "\nqbrpt " + (known ? std::string{firstWord} + " " : "") +
                        "--help tells more.");
+    if (firstWord == "SetDatabase")
+        throw WrongUse(
+            "SetDatabase takes a database that is open already, which no command line has: use --db.");
     const std::string nearest = NearestName(firstWord, names);
     throw WrongUse("There is no member or command \"" + std::string{firstWord} + "\"" +
                    (nearest.empty() ? "." : "; did you mean " + nearest + "?") +
