@@ -29,11 +29,10 @@ void frmPrntServer::Drop() {
 }
 
 bool frmPrntServer::ShowpReport(const Ref<CrystalRuntime::Report>& pnRpt, bool bShowArabic) {
-    const Ref<CrystalRuntime::Report> held = pnRpt;
     ErrorTrap trap(ErrorTrap::BoxWithRetry, "ShowpReport\r");
     trap.Step([&] { Platform::Current().screen->SetMousePointer(Pointer::Wait); });
     mArabic = bShowArabic;
-    mReport = held;
+    mReport = pnRpt;
     // The user reads with the usual pointer; the viewer returns only when he has done.
     trap.Step([&] { Platform::Current().screen->SetMousePointer(Pointer::Default); });
     trap.Step([&] { Platform::Current().viewer->ViewReport(mReport, mArabic); });

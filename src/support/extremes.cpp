@@ -2,6 +2,7 @@
 
 #include "support/variant.h"
 
+#include <compare>
 #include <cstdint>
 
 namespace qbrpt {
@@ -9,7 +10,7 @@ namespace qbrpt {
 Value MaxOf(std::span<const Value> values) {
     Value held = std::int64_t{INT32_MIN};
     for (const Value& value : values) {
-        if (CompareVariants(value, held) > 0) held = value;
+        if (std::is_gt(CompareVariants(value, held))) held = value;
     }
     return held;
 }
@@ -17,8 +18,8 @@ Value MaxOf(std::span<const Value> values) {
 Value MinOf(std::span<const Value> values) {
     Value held = Null{};
     for (const Value& value : values) {
-        const bool comparable = CompareVariants(value, value) == 0;
-        if (comparable && (IsNull(held) || CompareVariants(value, held) < 0)) held = value;
+        const bool comparable = std::is_eq(CompareVariants(value, value));
+        if (comparable && (IsNull(held) || std::is_lt(CompareVariants(value, held)))) held = value;
     }
     return held;
 }

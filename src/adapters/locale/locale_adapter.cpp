@@ -51,7 +51,7 @@ std::string DateElement(const LocaleWords& words, const LocaleDate& date, char l
     switch (letter) {
     case 'd': {
         if (run <= 2) return ShortNumber(date.day, run);
-        const double number = static_cast<double>(DaysFromCivil(date.year, date.month, date.day));
+        const auto number = static_cast<double>(DaysFromCivil(date.year, date.month, date.day));
         const auto weekday = static_cast<std::size_t>(MomentOf(number).weekday);
         return std::string(run == 3 ? names.shortDays[weekday] : names.days[weekday]);
     }
