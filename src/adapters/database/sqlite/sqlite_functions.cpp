@@ -6,6 +6,8 @@
 #include "platform/desktop.h"
 #include "platform/platform.h"
 
+#include <memory>
+#include <new>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -15,6 +17,8 @@ namespace qbrpt::database {
 
 namespace {
 
+using dialect::Accumulator;
+using dialect::AggregateFunction;
 using dialect::FunctionWorld;
 using dialect::ScalarFunction;
 
@@ -52,21 +56,61 @@ struct ResultSetter {
     }
 };
 
-void Evaluate(sqlite3_context* context, int count, sqlite3_value** values) {
-    const auto& function = *static_cast<const ScalarFunction*>(sqlite3_user_data(context));
+std::vector<Value> ValuesOf(int count, sqlite3_value** values) {
+    std::vector<Value> all;
+    all.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i)
+        all.push_back(ValueOf(values[i]));
+    return all;
+}
+
+/// Runs `work` for SQLite, which knows no exceptions: a failure becomes its result, and is kept as it is.
+template <class Work>
+void Guarded(sqlite3_context* context, const Work& work) {
     FunctionRun loose;
     FunctionRun& run = currentRun != nullptr ? *currentRun : loose;
     try {
-        std::vector<Value> arguments;
-        arguments.reserve(static_cast<std::size_t>(count));
-        for (int i = 0; i < count; ++i)
-            arguments.push_back(ValueOf(values[i]));
-        const FunctionWorld world{function.usesNow ? run.Now() : 0};
-        std::visit(ResultSetter{context}, function.evaluate(arguments, world));
+        work(run);
     } catch (const std::exception& failure) {
         sqlite3_result_error(context, failure.what(), -1);
         run.Keep(std::current_exception());
     }
+}
+
+void Evaluate(sqlite3_context* context, int count, sqlite3_value** values) {
+    Guarded(context, [&](FunctionRun& run) {
+        const auto& function = *static_cast<const ScalarFunction*>(sqlite3_user_data(context));
+        const FunctionWorld world{function.usesNow ? run.Now() : 0};
+        std::visit(ResultSetter{context}, function.evaluate(ValuesOf(count, values), world));
+    });
+}
+
+// SQLite keeps one pointer a group for us, null before the first row.
+Accumulator** AccumulatorOf(sqlite3_context* context, bool make) {
+    return static_cast<Accumulator**>(
+        sqlite3_aggregate_context(context, make ? static_cast<int>(sizeof(Accumulator*)) : 0));
+}
+
+void StepAggregate(sqlite3_context* context, int count, sqlite3_value** values) {
+    Guarded(context, [&](FunctionRun&) {
+        Accumulator** accumulator = AccumulatorOf(context, true);
+        if (accumulator == nullptr) throw std::bad_alloc();
+        if (*accumulator == nullptr)
+            *accumulator =
+                static_cast<const AggregateFunction*>(sqlite3_user_data(context))->begin().release();
+        (*accumulator)->Step(ValuesOf(count, values));
+    });
+}
+
+// Called for every group that began, however it ends.
+void EndAggregate(sqlite3_context* context) {
+    Accumulator** kept = AccumulatorOf(context, false);
+    std::unique_ptr<Accumulator> accumulator(kept != nullptr ? *kept : nullptr);
+    Guarded(context, [&](FunctionRun&) {
+        if (!accumulator) // a group of no rows
+            accumulator = static_cast<const AggregateFunction*>(sqlite3_user_data(context))->begin();
+        std::visit(ResultSetter{context}, accumulator->Result());
+    });
 }
 
 int CompareTexts(void*, int sizeA, const void* a, int sizeB, const void* b) {
@@ -92,13 +136,25 @@ void Register(sqlite3* handle, const ScalarFunction& function) {
                                                  nullptr, nullptr));
 }
 
+void Register(sqlite3* handle, const AggregateFunction& function) {
+    const std::string name(function.emittedName);
+    auto* self = const_cast<AggregateFunction*>(&function);
+    constexpr int anyNumber = -1;
+    Check(handle, sqlite3_create_function_v2(handle, name.c_str(), anyNumber, SQLITE_UTF8 | SQLITE_INNOCUOUS,
+                                             self, nullptr, StepAggregate, EndAggregate, nullptr));
+}
+
 } // namespace
 
 void RegisterFunctions(sqlite3* handle) {
     static_cast<void>(TextOrder::Shared()); // a missing order is told here, where it can be told
     for (const ScalarFunction& function : dialect::ScalarFunctions())
         Register(handle, function);
-    Check(handle, sqlite3_create_collation_v2(handle, "QBRPT", SQLITE_UTF8, nullptr, CompareTexts, nullptr));
+    for (const AggregateFunction& function : dialect::AggregateFunctions())
+        Register(handle, function);
+    const std::string order(dialect::CollationName);
+    Check(handle,
+          sqlite3_create_collation_v2(handle, order.c_str(), SQLITE_UTF8, nullptr, CompareTexts, nullptr));
 }
 
 double FunctionRun::Now() {

@@ -4,6 +4,7 @@
 #include "base/utf8.h"
 
 #include <unicode/ucol.h>
+#include <unicode/ucoleitr.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -15,12 +16,25 @@ namespace {
 
 constexpr std::size_t TableSize = 0x660; // up to the end of the Arabic letters
 
+// Some characters count as several letters (an alef with madda as two alefs); a table of one rank each has no
+// place for them.
+bool IsOneLetter(const UCollator* collator, char32_t character) {
+    const auto unit = static_cast<UChar>(character);
+    UErrorCode status = U_ZERO_ERROR;
+    UCollationElements* elements = ucol_openElements(collator, &unit, 1, &status);
+    int count = 0;
+    while (ucol_next(elements, &status) != UCOL_NULLORDER)
+        ++count;
+    ucol_closeElements(elements);
+    return U_SUCCESS(status) != 0 && count == 1;
+}
+
 // Characters that stand for themselves: letters with no mark behind them that could change their place.
-std::vector<std::string> PlainCharacters() {
+std::vector<std::string> PlainCharacters(const UCollator* collator) {
     std::vector<std::string> plain;
-    const auto add = [&plain](char32_t first, char32_t last) {
+    const auto add = [&](char32_t first, char32_t last) {
         for (char32_t character = first; character <= last; ++character)
-            AppendCharacter(plain.emplace_back(), character);
+            if (IsOneLetter(collator, character)) AppendCharacter(plain.emplace_back(), character);
     };
     add(U' ', U' ');
     add(U'0', U'9');
@@ -62,7 +76,7 @@ TextOrder::~TextOrder() = default;
 
 void TextOrder::FillRanks() {
     const Collator letters = Open(false);
-    std::vector<std::string> plain = PlainCharacters();
+    std::vector<std::string> plain = PlainCharacters(mRules.get());
     std::stable_sort(plain.begin(), plain.end(), [this](const std::string& a, const std::string& b) {
         return CompareBy(mRules.get(), a, b) < 0;
     });
