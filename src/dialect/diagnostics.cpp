@@ -1,0 +1,48 @@
+#include "dialect/diagnostics.h"
+
+#include "base/utf8.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace qbrpt::dialect {
+
+namespace {
+
+constexpr std::size_t LongestQuotedWord = 40; // characters; a message box is no place for a whole text
+
+std::string Quoted(std::string_view word) {
+    const std::string valid = ValidUtf8(word.substr(0, LongestQuotedWord * 4));
+    const std::string_view head = FirstCharacters(valid, LongestQuotedWord);
+    return '"' + std::string(head) + (head.size() < valid.size() ? "...\"" : "\"");
+}
+
+} // namespace
+
+Place PlaceOf(std::string_view statement, std::size_t offset) {
+    Place place;
+    const std::size_t end = std::min(offset, statement.size());
+    std::size_t lineStart = 0;
+    for (std::size_t i = 0; i < end; ++i) {
+        const bool pair = statement[i] == '\r' && i + 1 < statement.size() && statement[i + 1] == '\n';
+        if (pair || (statement[i] != '\r' && statement[i] != '\n')) continue;
+        ++place.line;
+        lineStart = i + 1;
+    }
+    place.column = static_cast<int>(CharacterCount(statement.substr(lineStart, end - lineStart))) + 1;
+    return place;
+}
+
+Diagnostics::Diagnostics(std::string_view statement, std::string savedQuery)
+    : mStatement(statement), mSavedQuery(std::move(savedQuery)) {}
+
+void Diagnostics::Raise(FailureNumber number, std::size_t offset, std::string_view word,
+                        const std::string& what) const {
+    const Place place = PlaceAt(offset);
+    std::string text = mSavedQuery.empty() ? "" : "In the saved query " + Quoted(mSavedQuery) + ": ";
+    text += what + " (line " + std::to_string(place.line) + ", column " + std::to_string(place.column);
+    text += word.empty() ? ", at the end of the statement)." : ", at " + Quoted(word) + ").";
+    throw Failure(number, text);
+}
+
+} // namespace qbrpt::dialect
