@@ -53,8 +53,8 @@ struct Total {
     Aggregate aggregate = Aggregate::Sum;
     int field = 0; ///< as in Object::field
     Scope scope = Scope::Report;
-    int group = 0;                 ///< Scope::Group: index into Definition::groups
-    std::optional<Condition> when; ///< only rows for which it holds
+    int group = 0;                   ///< Scope::Group: index into Definition::groups
+    std::optional<Condition> when{}; ///< only rows for which it holds
     friend bool operator==(const Total&, const Total&) = default;
 };
 
@@ -153,8 +153,8 @@ struct Group {
     int field = 0;                          ///< as in Object::field; -1: all rows are one group
     By by = By::Value;                      ///< Day: the whole days of a date
     ValueFormat format = ValueFormat::Text; ///< how {group} is written
-    std::string picture;
-    std::string whenEmpty; ///< what {group} says where the value is empty
+    std::string picture{};
+    std::string whenEmpty{}; ///< what {group} says where the value is empty
 };
 
 /// A value worked out from two fields of the row; empty where one of them is.

@@ -7,8 +7,8 @@ namespace qbrpt::report {
 
 namespace {
 
-// Of a band that must be split, at least this part of a page comes before the first cut.
-constexpr Twips LeastPart = 4;
+// Of a band that must be split, at least an eighth of a page comes before the first cut.
+constexpr Twips LeastPart = 8;
 
 } // namespace
 
@@ -124,7 +124,7 @@ Paginator::Step Paginator::PlaceParts(Level& level, std::size_t end) {
         const Step step = fits ? PlaceBand(level) : PlaceSlice(level);
         if (step != Step::Done) return step;
     }
-    return pending.next < end ? PlaceSlice(level) : Step::Done;
+    return whole < end && splits(whole) ? PlaceSlice(level) : Step::Done;
 }
 
 void Paginator::PutRowOnPage(Level& level) {
