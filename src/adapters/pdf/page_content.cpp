@@ -66,6 +66,7 @@ std::string_view PageContent::Build(const report::Page& page) {
 
 void PageContent::Flush() {
     ClosePath();
+    EndStrings();
     mContent += mDrawing;
     if (!mText.empty()) mContent.append("BT\n").append(mText).append("ET\n");
     mDrawing.clear();
@@ -78,29 +79,33 @@ void PageContent::Flush() {
     mStroke.reset();
 }
 
-void PageContent::MoveText(report::Twips x, report::Twips y) {
+void PageContent::EndStrings() {
+    if (mStringsOpen) mText += "]TJ\n";
+    mStringsOpen = false;
+}
+
+// Opens a string at a place. What stands on one baseline in one font and colour goes into one array, where a
+// number moves the pen: half the bytes of a move and a show operator for each.
+void PageContent::OpenString(const FontChoice& font, report::Color color, report::Twips x, report::Twips y) {
+    NoteText(y);
     const report::Twips up = mHeight - y;
-    if (x == mX && up == mY) {
-        // The pen may have moved on behind a string; a move of nothing takes it back.
-        mText += "0 0 Td";
+    if (mStringsOpen && mFont == font && mTextColor == color && up == mY) {
+        const std::int64_t back = std::llround((mPen - x) * 1000 / font.size);
+        mPen -= static_cast<double>(back) * font.size / 1000;
+        if (back != 0) AppendInteger(mText, back);
+        mText.push_back('(');
         return;
     }
-    AppendPair(mText, std::int64_t{x} - mX, std::int64_t{up} - mY);
-    mText += "Td";
-    mX = x;
-    mY = up;
-}
-
-void PageContent::UseFont(const FontChoice& font) {
-    if (mFont == font) return;
-    AppendFont(mText, font);
-    mFont = font;
-}
-
-void PageContent::UseTextColor(report::Color color) {
-    if (mTextColor == color) return;
-    AppendColor(mText, color, "g\n", "rg\n");
+    EndStrings();
+    if (mTextColor != color) AppendColor(mText, color, "g\n", "rg\n");
+    if (mFont != font) AppendFont(mText, font);
     mTextColor = color;
+    mFont = font;
+    AppendPair(mText, std::int64_t{x} - mX, std::int64_t{up} - mY);
+    mText += "Td[(";
+    mStringsOpen = true;
+    mPen = mX = x;
+    mY = up;
 }
 
 void PageContent::NoteText(report::Twips y) {
@@ -112,36 +117,32 @@ void PageContent::Word(const report::Item& item, const report::Item* next) {
     if (item.word == nullptr) return;
     const EncodedWord& word = mWords.Encode(*item.word);
     if (word.show.empty()) return;
-    NoteText(item.y);
-    UseTextColor(item.color);
-    UseFont(word.first);
-    MoveText(item.x + word.start, item.y);
+    OpenString(word.first, item.color, item.x + word.start, item.y);
     mText += word.show;
-    const report::Twips gap = next != nullptr && next->kind == report::ItemKind::Word && next->y == item.y
-                                  ? next->x - item.x - item.word->width
-                                  : 0;
-    if (gap > 0 && gap <= WidestBlank) mText.append(word.blank.data(), word.blank.size());
-    mText += ")Tj\n";
+    mPen += word.advance;
     mFont = word.last;
+    const bool sameLine = next != nullptr && next->kind == report::ItemKind::Word && next->y == item.y;
+    const report::Twips gap = sameLine ? next->x - item.x - item.word->width : 0;
+    if (gap > 0 && gap <= WidestBlank) {
+        mText.append(word.blank.data(), word.blank.size());
+        mPen += double{word.last.size} * BlankAdvance / EmUnits;
+    }
+    mText.push_back(')');
     for (const Overlay& overlay : word.overlays) {
-        UseFont(overlay.font);
-        MoveText(item.x + overlay.x, item.y - overlay.y);
-        mText.push_back('(');
+        OpenString(overlay.font, item.color, item.x + overlay.x, item.y - overlay.y);
         mText.push_back(static_cast<char>(overlay.code >> 8U));
         mText.push_back(static_cast<char>(overlay.code & 0xFFU));
-        mText += ")Tj\n";
+        mText.push_back(')');
     }
 }
 
 void PageContent::Figures(const report::Page& page, const report::Item& item) {
     if (item.first >= page.figureText.size() || item.length == 0) return;
-    NoteText(item.y);
-    UseTextColor(item.color);
-    UseFont(mWords.FigureFont(item.style));
-    MoveText(item.x, item.y);
-    mWords.AppendFigures(mText, std::string_view(page.figureText).substr(item.first, item.length),
-                         item.style);
-    mText += "Tj\n";
+    const FontChoice font = mWords.FigureFont(item.style);
+    OpenString(font, item.color, item.x, item.y);
+    const std::string_view figures = std::string_view(page.figureText).substr(item.first, item.length);
+    mPen += double{font.size} * mWords.AppendFigures(mText, figures, item.style) / EmUnits;
+    mText.push_back(')');
 }
 
 void PageContent::ClosePath() {

@@ -30,9 +30,8 @@ private:
     void Path(const report::Item& item);
     void Image(const report::Page& page, const report::Item& item);
 
-    void MoveText(report::Twips x, report::Twips y);
-    void UseFont(const FontChoice& font);
-    void UseTextColor(report::Color color);
+    void OpenString(const FontChoice& font, report::Color color, report::Twips x, report::Twips y);
+    void EndStrings();
     void OpenPath(Paint paint, report::Color color, std::int32_t stroke);
     void ClosePath();
     void Rectangle(const report::Item& item);
@@ -52,7 +51,9 @@ private:
     report::Twips mTextTop = 0;    ///< topmost baseline gathered
     report::Twips mTextBottom = 0; ///< lowest baseline gathered
 
-    report::Twips mX = 0; ///< start of the current line of text
+    bool mStringsOpen = false; ///< an array of strings that one operator will show
+    double mPen = 0;           ///< where the last string of the array ends
+    report::Twips mX = 0;      ///< where the array begins
     report::Twips mY = 0;
     std::optional<FontChoice> mFont;
     std::optional<report::Color> mTextColor;

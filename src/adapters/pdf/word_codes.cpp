@@ -16,7 +16,7 @@ constexpr std::size_t WordsKept = 30000;
 constexpr float Narrowest = 0.01F;
 
 std::int32_t TenThousandths(float ems) {
-    return static_cast<std::int32_t>(std::lround(ems * 10000.0F));
+    return static_cast<std::int32_t>(std::lround(ems * EmUnits));
 }
 
 report::Twips Rounded(float twips) {
@@ -97,8 +97,8 @@ float WordCodes::FindCarriers(const report::ShapedWord& word, const report::Glyp
 }
 
 // One code for each letter, in drawing order: the first draws the glyph, the others nothing.
-void WordCodes::AppendCarrier(CodeTable& table, const report::ShapedWord& word, const Carrier& carrier,
-                              float width, std::string& show) {
+std::int32_t WordCodes::AppendCarrier(CodeTable& table, const report::ShapedWord& word,
+                                      const Carrier& carrier, float width, std::string& show) {
     mLetters.clear();
     for (std::size_t position = carrier.first; position < carrier.end;) {
         const char32_t letter = NextCharacter(word.text, position);
@@ -117,6 +117,7 @@ void WordCodes::AppendCarrier(CodeTable& table, const report::ShapedWord& word, 
         const std::int32_t share = whole / count + (i + 1 == count ? whole % count : 0);
         AppendCode(show, table.CodeOf({glyph, mLetters[static_cast<std::size_t>(i)], share}));
     }
+    return whole;
 }
 
 void WordCodes::AddOverlays(const FontChoice& font, const report::GlyphRun& run, float left,
@@ -149,27 +150,31 @@ void WordCodes::EncodeRun(const report::ShapedWord& word, const report::GlyphRun
         encoded.first = choice;
         encoded.start = Rounded(left + start * run.size);
     } else {
-        show += ")Tj";
-        if (choice != encoded.last) AppendFont(show, choice);
-        if (std::abs(start) > 0.001F) {
-            show.push_back('[');
-            AppendInteger(show, std::lround(-start * 1000.0F));
+        show.push_back(')');
+        if (choice != encoded.last) {
             show += "]TJ";
+            AppendFont(show, choice);
+            show.push_back('[');
         }
+        const std::int64_t shift = std::lround(start * 1000.0F);
+        if (shift != 0) AppendInteger(show, -shift);
+        encoded.advance += static_cast<double>(shift) * run.size / 1000;
+        show.push_back('(');
     }
     encoded.last = choice;
-    show.push_back('(');
     if (opensWord && HasReadingMark(word)) {
         const auto empty = static_cast<std::uint16_t>(std::max(EmptyGlyph(run.face), 0));
         AppendCode(show, table.CodeOf({empty, report::ReadingMark, 0}));
     }
     for (std::size_t i = 0; i < mCarriers.size(); ++i) {
         const float next = i + 1 < mCarriers.size() ? mCarriers[i + 1].origin : width;
-        AppendCarrier(table, word, mCarriers[i], next - mCarriers[i].origin, show);
+        const std::int32_t advance =
+            AppendCarrier(table, word, mCarriers[i], next - mCarriers[i].origin, show);
+        encoded.advance += double{run.size} * advance / EmUnits;
     }
     AddOverlays(choice, run, left, encoded);
     const int empty = EmptyGlyph(run.face);
-    const Code blank{static_cast<std::uint16_t>(std::max(empty, 0)), U' ', 2500};
+    const Code blank{static_cast<std::uint16_t>(std::max(empty, 0)), U' ', BlankAdvance};
     const std::uint16_t code = table.CodeOf(blank);
     encoded.blank = {static_cast<char>(code >> 8U), static_cast<char>(code & 0xFFU)};
 }
@@ -185,8 +190,9 @@ EncodedFigures& WordCodes::FiguresOf(report::StyleId style) {
 
 std::uint16_t WordCodes::AssignFigure(EncodedFigures& figures, report::StyleId style, unsigned character) {
     const report::FigureFont& font = mFonts.Faces(style).figures;
-    const Code code{font.glyph[character], static_cast<char32_t>(character),
-                    TenThousandths(font.advance[character])};
+    const std::int32_t advance = TenThousandths(font.advance[character]);
+    figures.advances[character] = advance;
+    const Code code{font.glyph[character], static_cast<char32_t>(character), advance};
     return figures.codes[character] = mCodes.Table(figures.font.font).CodeOf(code);
 }
 
@@ -194,16 +200,17 @@ FontChoice WordCodes::FigureFont(report::StyleId style) {
     return FiguresOf(style).font;
 }
 
-void WordCodes::AppendFigures(std::string& content, std::string_view text, report::StyleId style) {
+double WordCodes::AppendFigures(std::string& content, std::string_view text, report::StyleId style) {
     EncodedFigures& figures = mFigures.at(style);
-    content.push_back('(');
+    double advance = 0;
     for (const char c : text) {
         const unsigned character = static_cast<unsigned char>(c) & 0x7FU;
         std::uint16_t code = figures.codes[character];
         if (code == 0) code = AssignFigure(figures, style, character);
         AppendCode(content, code);
+        advance += figures.advances[character];
     }
-    content.push_back(')');
+    return advance;
 }
 
 } // namespace qbrpt::pdf

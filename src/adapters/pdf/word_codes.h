@@ -14,6 +14,11 @@
 
 namespace qbrpt::pdf {
 
+/// Advances count in parts of the font size.
+constexpr std::int32_t EmUnits = 10000;
+/// How far the blank between two words moves the pen.
+constexpr std::int32_t BlankAdvance = 2500;
+
 /// A font at a size.
 struct FontChoice {
     FontId font = 0;
@@ -36,8 +41,9 @@ struct EncodedWord {
     FontChoice first;        ///< in force where `show` begins
     FontChoice last;         ///< in force behind it
     report::Twips start = 0; ///< of the first glyph, from the word's left edge
-    /// Show operators up to and without the end of the last string: ")Tj" goes behind.
+    /// What stands in an array of strings, from behind the first "(" up to and without the last ")".
     std::string show;
+    double advance = 0; ///< twips that `show` moves the pen
     std::vector<Overlay> overlays;
     std::array<char, 2> blank{}; ///< the code of a blank in the last font
 };
@@ -45,6 +51,7 @@ struct EncodedWord {
 struct EncodedFigures {
     FontChoice font;
     std::array<std::uint16_t, 128> codes{}; ///< 0: not yet
+    std::array<std::int32_t, 128> advances{};
 };
 
 class WordCodes {
@@ -56,8 +63,9 @@ public:
 
     /// The font that a style's figures are set in.
     FontChoice FigureFont(report::StyleId style);
-    /// Appends the string of `figures` with its parentheses; FigureFont of the style must be in force.
-    void AppendFigures(std::string& content, std::string_view figures, report::StyleId style);
+    /// Appends the codes of `figures` and gives their advance in EmUnits; FigureFont of the style must be in
+    /// force.
+    double AppendFigures(std::string& content, std::string_view figures, report::StyleId style);
 
 private:
     /// A glyph that takes its place in the row of letters.
@@ -70,8 +78,8 @@ private:
     float FindCarriers(const report::ShapedWord& word, const report::GlyphRun& run);
     void EncodeRun(const report::ShapedWord& word, const report::GlyphRun& run, float left,
                    EncodedWord& encoded);
-    void AppendCarrier(CodeTable& table, const report::ShapedWord& word, const Carrier& carrier, float width,
-                       std::string& show);
+    std::int32_t AppendCarrier(CodeTable& table, const report::ShapedWord& word, const Carrier& carrier,
+                               float width, std::string& show);
     void AddOverlays(const FontChoice& font, const report::GlyphRun& run, float left, EncodedWord& encoded);
     [[nodiscard]] int EmptyGlyph(report::FaceId face);
     EncodedFigures& FiguresOf(report::StyleId style);

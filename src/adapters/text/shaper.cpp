@@ -121,20 +121,46 @@ report::GlyphRun Shaper::ShapePart(const StyleFaces& style, const Stretch& stret
     return run;
 }
 
+// Figures need no shaping, and are the one thing of which every row has new ones. They look as the figure
+// font sets them, but for the hyphen, which is none of a minus here.
+bool Shaper::SetFigures(const StyleFaces& style, report::ShapedWord& word) const {
+    constexpr std::string_view mark = "\xE2\x80\x8F"; // ReadingMark
+    const std::size_t start = word.text.starts_with(mark) ? mark.size() : 0;
+    const FontFace& face = mFonts.Face(style.figures.face);
+    report::GlyphRun run{style.figures.face, style.size, {}};
+    run.glyphs.reserve(word.text.size());
+    for (std::size_t i = start; i < word.text.size(); ++i) {
+        const auto c = static_cast<unsigned char>(word.text[i]);
+        const bool figure =
+            IsAsciiDigit(c) || std::string_view(".,:/-+%").find(word.text[i]) != std::string_view::npos;
+        report::Glyph glyph;
+        glyph.id = figure ? face.GlyphOf(c) : std::uint16_t{0};
+        if (glyph.id == 0) return false;
+        glyph.advance = face.AdvanceOf(glyph.id);
+        glyph.textStart = static_cast<std::uint16_t>(i == start ? 0 : i);
+        glyph.textLength = static_cast<std::uint16_t>(i + 1 - glyph.textStart);
+        run.glyphs.push_back(glyph);
+    }
+    word.runs.push_back(std::move(run));
+    return true;
+}
+
 std::shared_ptr<const report::ShapedWord> Shaper::Shape(const StyleFaces& style, const Stretch& stretch) {
     auto word = std::make_shared<report::ShapedWord>();
     word->serial = mNextSerial++;
     word->text = stretch.text.substr(stretch.first, stretch.length);
     word->rightToLeft = stretch.rightToLeft;
-    Split(style, stretch);
-    if (stretch.rightToLeft) std::reverse(mParts.begin(), mParts.end());
-    float width = 0;
-    word->runs.reserve(mParts.size());
-    for (const Part& part : mParts) {
-        word->runs.push_back(ShapePart(style, stretch, part));
-        for (const report::Glyph& glyph : word->runs.back().glyphs)
-            width += glyph.advance * style.size;
+    if (stretch.rightToLeft || !SetFigures(style, *word)) {
+        Split(style, stretch);
+        if (stretch.rightToLeft) std::reverse(mParts.begin(), mParts.end());
+        word->runs.reserve(mParts.size());
+        for (const Part& part : mParts)
+            word->runs.push_back(ShapePart(style, stretch, part));
     }
+    float width = 0;
+    for (const report::GlyphRun& run : word->runs)
+        for (const report::Glyph& glyph : run.glyphs)
+            width += glyph.advance * run.size;
     word->width = static_cast<report::Twips>(std::lround(width));
     return word;
 }

@@ -43,6 +43,7 @@ private:
         std::size_t first = 0;
         bool arabic = false;
     };
+    bool SetFigures(const StyleFaces& style, report::ShapedWord& word) const;
     void Split(const StyleFaces& style, const Stretch& stretch);
     void ChooseFaces(const StyleFaces& style, std::size_t begin, std::size_t end, std::size_t byteEnd);
     report::FaceId FaceFor(const std::vector<report::FaceId>& chain, char32_t character);
