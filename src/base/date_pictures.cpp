@@ -25,15 +25,6 @@ bool SameWord(std::string_view left, std::string_view right) {
     return left.size() == right.size() && StartsWith(left, right);
 }
 
-// The clock of the system shows whole seconds: less than half a second before a minute is that minute.
-Moment ToTheSecond(double dayNumber) {
-    Moment moment = MomentOf(dayNumber);
-    if (moment.millisecond == 0) return moment;
-    moment.second += moment.millisecond > 500 ? 1 : 0;
-    moment.millisecond = 0;
-    return MomentOf(DayNumberOf(moment));
-}
-
 std::string Digits(int value, std::size_t width) {
     std::string text = std::to_string(value);
     if (text.size() < width) text.insert(0, width - text.size(), '0');
@@ -241,7 +232,7 @@ std::string FormatDate(double dayNumber, std::string_view picture, const Calenda
             break;
         }
     }
-    return DatePrinter(ToTheSecond(dayNumber), picture, names).Print();
+    return DatePrinter(ClockMomentOf(dayNumber), picture, names).Print();
 }
 
 bool IsDatePicture(std::string_view picture) {
