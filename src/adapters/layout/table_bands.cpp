@@ -93,6 +93,12 @@ Band RowBand(const Table& table) {
     Band band;
     band.kind = report::SectionKind::Details;
     band.height = table.style.row.height;
+    Placed line = LineAcross("row line", table.style.hairline, table.Whole(), 0, table.columns.place);
+    line.object.when = report::LineWhen::BetweenRows;
+    line.object.atBottom = true;
+    line.object.yieldsToRepeated = table.columns.Any(&Column::hideRepeated);
+    band.objects.push_back(line);
+    // Behind the line: a key column is one strip of tint from its caption to its total.
     for (const Column& column : table.columns.columns) {
         if (!column.key) continue;
         Placed box =
@@ -100,11 +106,6 @@ Band RowBand(const Table& table) {
         box.object.fullHeight = true;
         band.objects.push_back(box);
     }
-    Placed line = LineAcross("row line", table.style.hairline, table.Whole(), 0, table.columns.place);
-    line.object.when = report::LineWhen::BetweenRows;
-    line.object.atBottom = true;
-    line.object.yieldsToRepeated = table.columns.Any(&Column::hideRepeated);
-    band.objects.push_back(line);
     for (const Column& column : table.columns.columns)
         band.objects.push_back(Cell(table, column));
     return band;

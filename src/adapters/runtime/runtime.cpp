@@ -1,6 +1,7 @@
 #include "adapters/runtime/runtime.h"
 
 #include "adapters/runtime/live_report.h"
+#include "adapters/text/text_engine.h"
 
 #include <set>
 #include <utility>

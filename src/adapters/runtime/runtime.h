@@ -3,7 +3,6 @@
 
 #include "adapters/layout/library.h"
 #include "adapters/output/report_output.h"
-#include "adapters/text/text_engine.h"
 #include "platform/CrystalRuntime.h"
 #include "report/text_port.h"
 
@@ -13,6 +12,11 @@
 #include <vector>
 
 namespace qbrpt {
+
+namespace text {
+class FontBook;
+class TextEngine;
+} // namespace text
 
 /// What the runtime stands on.
 struct RuntimeServices {
