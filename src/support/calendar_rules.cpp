@@ -36,13 +36,4 @@ std::int16_t DaysBeforeMonth(std::int16_t nMonth) {
     return CumulativeDays[static_cast<std::size_t>(nMonth)];
 }
 
-Moment MomentToTheSecond(double dt) {
-    Moment moment = MomentOf(dt);
-    const bool up = moment.millisecond >= 500;
-    moment.millisecond = 0;
-    if (!up) return moment;
-    ++moment.second;
-    return MomentOf(DayNumberOf(moment));
-}
-
 } // namespace qbrpt

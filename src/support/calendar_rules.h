@@ -1,8 +1,6 @@
 // Days, months and years of the period texts.
 #pragma once
 
-#include "base/calendar.h"
-
 #include <cstdint>
 
 namespace qbrpt {
@@ -17,9 +15,5 @@ namespace qbrpt {
 
 /// Days of a common year up to the end of month `nMonth`, 0 to 12.
 [[nodiscard]] std::int16_t DaysBeforeMonth(std::int16_t nMonth);
-
-/// A day number taken apart to the nearest second, as all dates in words are: a moment less than half a
-/// second before a minute, or a day, belongs to that minute and that day.
-[[nodiscard]] Moment MomentToTheSecond(double dt);
 
 } // namespace qbrpt

@@ -1,8 +1,8 @@
 #include "support/locale_text.h"
 
+#include "base/calendar.h"
 #include "platform/locale.h"
 #include "platform/platform.h"
-#include "support/calendar_rules.h"
 #include "support/words.h"
 
 namespace qbrpt {

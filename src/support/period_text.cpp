@@ -1,5 +1,6 @@
 #include "support/period_text.h"
 
+#include "base/calendar.h"
 #include "support/calendar_rules.h"
 #include "support/extremes.h"
 #include "support/locale_text.h"

@@ -55,11 +55,14 @@ TEST(CalendarRules, MomentsGoToTheNearestSecond) {
         double date;
         int day, hour, minute, second;
     };
-    for (const Row& row : {Row{"on the second", Day(2004, 1, 15, 9, 59, 59), 15, 9, 59, 59},
-                           Row{"below half", Day(2004, 1, 15, 9, 59, 59, 499), 15, 9, 59, 59},
-                           Row{"half", Day(2004, 1, 15, 9, 59, 59, 500), 15, 10, 0, 0},
-                           Row{"into the next day", Day(2004, 1, 15, 23, 59, 59, 700), 16, 0, 0, 0},
-                           Row{"before day zero", Day(1899, 12, 28, 23, 59, 59, 700), 29, 0, 0, 0}}) {
+    for (const Row& row :
+         {Row{"on the second", Day(2004, 1, 15, 9, 59, 59), 15, 9, 59, 59},
+          Row{"below half", Day(2004, 1, 15, 9, 59, 59, 499), 15, 9, 59, 59},
+          Row{"half", Day(2004, 1, 15, 9, 59, 59, 500), 15, 9, 59, 59},
+          Row{"above half", Day(2004, 1, 15, 9, 59, 59, 501), 15, 10, 0, 0},
+          Row{"the last second of the calendar", Day(9999, 12, 31, 23, 59, 59, 900), 31, 23, 59, 59},
+          Row{"into the next day", Day(2004, 1, 15, 23, 59, 59, 700), 16, 0, 0, 0},
+          Row{"before day zero", Day(1899, 12, 28, 23, 59, 59, 700), 29, 0, 0, 0}}) {
         SCOPED_TRACE(row.name);
         const Moment moment = MomentToTheSecond(row.date);
         EXPECT_EQ(moment.day, row.day);
