@@ -1,0 +1,151 @@
+// How a command line is understood.
+#include "command_line.h"
+#include "suggestion.h"
+
+#include <gmock/gmock.h>
+
+namespace qbrpt::cli {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+Request Read(std::vector<std::string> words) {
+    words.insert(words.begin(), "qbrpt");
+    std::vector<const char*> pointers;
+    for (const std::string& word : words)
+        pointers.push_back(word.c_str());
+    return ReadCommandLine(static_cast<int>(pointers.size()), pointers.data());
+}
+
+MemberCall Call(const std::vector<std::string>& words) {
+    return std::get<MemberCall>(Read(words));
+}
+
+TEST(CommandLine, FillsArgumentsAndDefaults) {
+    const MemberCall call = Call({"PrintIncome", "5", "9", "0"});
+    EXPECT_EQ(call.member->name, "PrintIncome");
+    EXPECT_THAT(call.arguments, ElementsAre(Argument{std::int32_t{5}}, Argument{std::int32_t{9}},
+                                            Argument{std::int16_t{0}}, Argument{std::int16_t{1}}));
+    EXPECT_EQ(call.destination, Destination::AsCalled);
+    EXPECT_FALSE(call.onError.has_value());
+}
+
+TEST(CommandLine, NegativeNumbersAreArguments) {
+    EXPECT_THAT(Call({"PrintIncome", "-1", "-9", "-0", "-1"}).arguments,
+                ElementsAre(Argument{std::int32_t{-1}}, Argument{std::int32_t{-9}}, Argument{std::int16_t{0}},
+                            Argument{std::int16_t{-1}}));
+    EXPECT_THAT(
+        Call({"PrintPCUsage", "-1.5", "-.5"}).arguments,
+        ElementsAre(Argument{-1.5}, Argument{-0.5}, Argument{std::int32_t{0}}, Argument{std::int16_t{1}}));
+}
+
+TEST(CommandLine, OptionsMayStandAnywhereBehindTheMember) {
+    const MemberCall call =
+        Call({"PrintIncome", "--db", "a b.db",     "5",     "--pdf=out.pdf", "9",      "--csv",   "out.csv",
+              "0",           "0",    "--title",    "مقهى",  "--addr1",       "",       "--addr2", "-",
+              "--trace",     "t",    "--on-error", "retry", "--connect",     "x=1;y=2"});
+    EXPECT_EQ(call.database, "a b.db");
+    EXPECT_EQ(call.connect, "x=1;y=2");
+    EXPECT_EQ(call.pdfFile, "out.pdf");
+    EXPECT_EQ(call.csvFile, "out.csv");
+    EXPECT_EQ(call.title, "مقهى");
+    EXPECT_EQ(call.addr1, "");
+    EXPECT_EQ(call.addr2, "-");
+    EXPECT_EQ(call.traceFile, "t");
+    EXPECT_EQ(call.onError, BoxAnswer::Retry);
+    EXPECT_EQ(call.destination, Destination::Files);
+    EXPECT_EQ(call.arguments.size(), 4U);
+}
+
+TEST(CommandLine, Destinations) {
+    EXPECT_EQ(Call({"PrintAudit", "--print", "--printer", "p"}).destination, Destination::Printer);
+    EXPECT_EQ(Call({"PrintAudit", "--preview"}).destination, Destination::Preview);
+    EXPECT_EQ(Call({"PrintAudit", "--csv", "a"}).destination, Destination::Files);
+}
+
+TEST(CommandLine, TextsAreTakenAsTheyStand) {
+    EXPECT_THAT(Call({"PrintPPInfo", "SELECT  'a b' ", ""}).arguments,
+                ElementsAre(Argument{std::string{"SELECT  'a b' "}}, Argument{std::string{}}));
+    EXPECT_THAT(Call({"PrintMembersInfo"}).arguments, ElementsAre(Argument{std::string{}}));
+    EXPECT_THAT(Call({"PrintMembersInfo", "[a]=1,(2)"}).arguments,
+                ElementsAre(Argument{std::string{"[a]=1,(2)"}}));
+}
+
+TEST(CommandLine, Sample) {
+    const auto options = std::get<sample::SampleOptions>(
+        Read({"sample", "f.db", "--days", "400", "--sessions-per-day", "2500", "--seed", "7"}));
+    EXPECT_EQ(options.file, "f.db");
+    EXPECT_EQ(options.days, 400);
+    EXPECT_EQ(options.sessionsPerDay, 2500);
+    EXPECT_EQ(options.seed, 7U);
+}
+
+TEST(CommandLine, HelpIsThereOnEveryLevel) {
+    const auto help = [](const std::vector<std::string>& words) {
+        return std::get<Information>(Read(words)).text;
+    };
+    for (const Member& member : Members()) {
+        EXPECT_THAT(help({"--help"}), HasSubstr(member.name));
+        const std::string own = help({member.name, "--help"});
+        EXPECT_THAT(own, HasSubstr("--on-error"));
+        for (const MemberArgument& argument : member.arguments)
+            EXPECT_THAT(own, HasSubstr(argument.name));
+    }
+    EXPECT_THAT(help({"sample", "--help"}), HasSubstr("--sessions-per-day"));
+    EXPECT_THAT(help({"--version"}), HasSubstr("qbrpt "));
+}
+
+struct WrongRow {
+    const char* name;
+    std::vector<std::string> words;
+    std::string says;
+};
+
+class WrongCommandLine : public ::testing::TestWithParam<WrongRow> {};
+
+TEST_P(WrongCommandLine, IsRefusedWithWords) {
+    try {
+        static_cast<void>(Read(GetParam().words));
+        FAIL() << "taken";
+    } catch (const WrongUse& wrong) {
+        EXPECT_THAT(wrong.what(), HasSubstr(GetParam().says));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, WrongCommandLine,
+    ::testing::Values(
+        WrongRow{"Nothing", {}, "--help"},
+        WrongRow{"UnknownMember", {"PrintIncom", "1"}, "did you mean PrintIncome?"},
+        WrongRow{"NothingLikeIt", {"frobnicate"}, "no member or command \"frobnicate\""},
+        WrongRow{"OpenDatabase", {"SetDatabase", "x"}, "use --db"},
+        WrongRow{"MissingArgument", {"PrintIncome", "1", "2"}, "bGroup"},
+        WrongRow{"OneTooMany", {"PrintIncome", "1", "2", "3", "4", "5"}, "5"},
+        WrongRow{"NumberThatDoesNotFit", {"PrintIncome", "1", "2", "70000"}, "70000"},
+        WrongRow{"UnknownOption", {"PrintAudit", "--pfd", "x"}, "--pfd"},
+        WrongRow{"OptionWithoutValue", {"PrintAudit", "--pdf"}, "--pdf"},
+        WrongRow{"EmptyFileName", {"PrintAudit", "--pdf", ""}, "--pdf is given without a name"},
+        WrongRow{"FileAndPrint", {"PrintAudit", "--pdf", "x", "--print"}, "cannot be asked for together"},
+        WrongRow{"PrintAndPreview", {"PrintAudit", "--print", "--preview"}, "cannot be asked for together"},
+        WrongRow{"PrinterWithoutPrint", {"PrintAudit", "--printer", "x"}, "--printer goes with --print"},
+        WrongRow{"OneFileForBoth", {"PrintAudit", "--pdf", "x", "--csv", "x"}, "the same file"},
+        WrongRow{"OddAnswer", {"PrintAudit", "--on-error", "maybe"}, "maybe"},
+        WrongRow{"OptionTwice", {"PrintAudit", "--pdf", "x", "--pdf", "y"}, "--pdf"},
+        WrongRow{"SampleWithoutFile", {"sample"}, "file"},
+        WrongRow{"SampleOfNoDays", {"sample", "x", "--days", "0"}, "--days"},
+        WrongRow{
+            "SampleOfNegativeSessions", {"sample", "x", "--sessions-per-day", "-1"}, "--sessions-per-day"},
+        WrongRow{"SampleOfWords", {"sample", "x", "--days", "many"}, "many"}),
+    [](const auto& row) { return row.param.name; });
+
+TEST(Suggestion, FindsTheNearestOrNone) {
+    const std::vector<std::string> names = {"PrintIncome", "PrintPayout", "sample"};
+    EXPECT_EQ(NearestName("printpayout", names), "PrintPayout");
+    EXPECT_EQ(NearestName("smaple", names), "sample");
+    EXPECT_EQ(NearestName("x", names), "");
+    EXPECT_EQ(NearestName(std::string(100'000, 'x'), names), "");
+}
+
+} // namespace
+} // namespace qbrpt::cli
