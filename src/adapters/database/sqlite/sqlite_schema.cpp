@@ -124,7 +124,8 @@ void SqliteSchema::CheckDates(Entry& entry) const {
         if (column.kind != ValueKind::Date) continue;
         const std::string name = Quoted(column.name);
         columns += (dates.empty() ? "" : ", ") + name;
-        condition += (dates.empty() ? "typeof(" : " OR typeof(") + name + ") IN ('text', 'blob')";
+        // Every text stands behind every number, and this costs half of what asking for the type does.
+        condition += (dates.empty() ? "" : " OR ") + name + " >= ''";
         dates.push_back(&column);
     }
     if (!dates.empty()) {
