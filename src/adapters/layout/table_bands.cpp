@@ -98,11 +98,12 @@ Band RowBand(const Table& table) {
     line.object.atBottom = true;
     line.object.yieldsToRepeated = table.columns.Any(&Column::hideRepeated);
     band.objects.push_back(line);
-    // Behind the line: a key column is one strip of tint from its caption to its total.
+    // A key column is one strip of tint from its caption to its total: it laps over the line above.
+    const report::Twips lap = (table.style.hairline.thickness / 2 + 4) / 5;
     for (const Column& column : table.columns.columns) {
         if (!column.key) continue;
-        Placed box =
-            TintedBox(column.name + " box", table.style.lightTint, column.span, 0, band.height, column.place);
+        Placed box = TintedBox(column.name + " box", table.style.lightTint, column.span, -lap,
+                               band.height + lap, column.place);
         box.object.fullHeight = true;
         band.objects.push_back(box);
     }
