@@ -10,7 +10,10 @@ namespace qbrpt::text {
 
 namespace {
 
+// A hyphen is too short beside digits. Noto Sans has no minus sign; its en dash is as long and stands as
+// high.
 constexpr char32_t MinusSign = 0x2212;
+constexpr char32_t EnDash = 0x2013;
 /// DejaVu Sans runs wide; at this share of the size it fits where the house's faces fit.
 constexpr float WideFaceScale = 0.9F;
 
@@ -110,11 +113,12 @@ void FontBook::FillFigures(StyleFaces& style) {
     figures.face = found != style.latin.end() ? *found : style.latin.front();
     figures.size = style.size;
     const FontFace& face = Face(figures.face);
-    for (std::size_t c = U' '; c < 0x7F; ++c) {
-        const bool minus = c == U'-' && face.Has(MinusSign);
-        figures.glyph[c] = face.GlyphOf(minus ? MinusSign : static_cast<char32_t>(c));
+    for (std::size_t c = U' '; c < 0x7F; ++c)
+        figures.glyph[c] = face.GlyphOf(static_cast<char32_t>(c));
+    for (const char32_t dash : {EnDash, MinusSign})
+        if (face.Has(dash)) figures.glyph['-'] = face.GlyphOf(dash);
+    for (std::size_t c = U' '; c < 0x7F; ++c)
         figures.advance[c] = face.AdvanceOf(figures.glyph[c]);
-    }
 }
 
 } // namespace qbrpt::text
