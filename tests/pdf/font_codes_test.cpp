@@ -26,7 +26,7 @@ TEST(FontCodes, NoneNeedsEscapingInAString) {
         codes.insert(table.CodeOf({1, U'a', i}));
     EXPECT_EQ(codes.size(), 20000U);
     for (const std::uint16_t code : codes)
-        for (const unsigned byte : {code >> 8U, code & 0xFFU})
+        for (const int byte : {code >> 8, code & 0xFF})
             EXPECT_TRUE(byte != '(' && byte != ')' && byte != '\\' && byte != '\r') << code;
     EXPECT_FALSE(codes.contains(0)) << "the code of no character";
 }

@@ -19,9 +19,10 @@ protected:
     // Each text on a line of its own; the lines as they come back.
     std::vector<std::string> Lines(const std::vector<std::string>& texts) {
         PageMaker maker(engine);
+        maker.page.width = 24000; // room for the longest title in the widest face
         report::Twips baseline = 500;
         for (const std::string& text : texts)
-            maker.Text(text, style, 11000, baseline += 2 * GetParam().font.size);
+            maker.Text(text, style, 23000, baseline += 2 * GetParam().font.size);
         pdf = PdfOf(engine, {maker.page});
         return LinesOf(TextOf(pdf));
     }
