@@ -17,7 +17,7 @@
 namespace qbrpt::fakes {
 
 /// Breaks lines at blanks and orders words as a right-to-left page does, without any font.
-class FakeTextPort final : public report::TextPort {
+class FakeTextPort : public report::TextPort {
 public:
     using StyleId = report::StyleId;
     using Twips = report::Twips;
