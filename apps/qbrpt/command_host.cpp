@@ -82,6 +82,7 @@ private:
         const PdfPrinter pdfPrinter(PdfFolder());
         if (mCall.destination == Destination::Files) {
             mFiles = std::make_shared<FileOutput>(mCall.pdfFile, mCall.csvFile);
+            if (mCall.member->outcome == Outcome::Report) mFiles->Begin();
             parts.delivery = mFiles;
             parts.viewer = std::make_shared<FileOutputViewer>(mFiles);
             parts.printers = std::make_shared<PrinterList>(std::vector{pdfPrinter.Info()});

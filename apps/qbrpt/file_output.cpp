@@ -11,7 +11,9 @@ AtomicFile& FileOutput::Target::Open() {
 }
 
 FileOutput::FileOutput(const std::string& pdfFile, const std::string& csvFile)
-    : mPdf{pdfFile, nullptr}, mCsv{csvFile, nullptr} {
+    : mPdf{pdfFile, nullptr}, mCsv{csvFile, nullptr} {}
+
+void FileOutput::Begin() {
     for (Target* target : {&mPdf, &mCsv})
         if (!target->name.empty()) target->Open();
 }
@@ -33,6 +35,8 @@ void FileOutput::Write(ReportOutput& report, const PageRange& pages) {
         InterruptibleSink sink(mCsv.Open());
         report.WriteCsv(sink);
     }
+    for (Target* target : {&mPdf, &mCsv})
+        if (target->file) target->file->Settle();
     for (Target* target : {&mPdf, &mCsv})
         if (target->file) std::exchange(target->file, nullptr)->Commit();
     mWritten = true;

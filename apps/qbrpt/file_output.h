@@ -14,9 +14,12 @@ namespace qbrpt::cli {
 /// Writes a report to the files that were asked for, at the moment at which it would be shown or printed.
 class FileOutput : public Delivery {
 public:
-    /// Empty names are left out. The files are begun here, so that a place that cannot be written shows
-    /// before any work is done; they appear only when both are complete.
+    /// Empty names are left out.
     FileOutput(const std::string& pdfFile, const std::string& csvFile);
+
+    /// Begins the files before any work is done, so that a place that cannot be written shows at once. They
+    /// appear only when both are complete.
+    void Begin();
 
     void Print(ReportOutput& report, const PrintJob& job) override;
     void Write(ReportOutput& report, const PageRange& pages);

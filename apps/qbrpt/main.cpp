@@ -36,6 +36,7 @@ int main(int count, char** words) {
         std::cerr << "qbrpt: " << wrong.what() << '\n';
         return WrongUseGiven;
     } catch (const std::exception& error) {
+        if (InterruptSignal() != 0) return Interrupted + InterruptSignal();
         std::cerr << "qbrpt: " << error.what() << '\n';
         return ErrorShown;
     }

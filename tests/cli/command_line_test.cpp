@@ -36,7 +36,7 @@ TEST(CommandLine, NegativeNumbersAreArguments) {
                 ElementsAre(Argument{std::int32_t{-1}}, Argument{std::int32_t{-9}}, Argument{std::int16_t{0}},
                             Argument{std::int16_t{-1}}));
     EXPECT_THAT(
-        Call({"PrintPCUsage", "-1.5", "-.5"}).arguments,
+        Call({"PrintPCUsage", "-1.5", "-0.5"}).arguments,
         ElementsAre(Argument{-1.5}, Argument{-0.5}, Argument{std::int32_t{0}}, Argument{std::int16_t{1}}));
 }
 

@@ -104,7 +104,6 @@ void AtomicFile::WriteThrough(std::string_view bytes) {
     }
 }
 
-/// All bytes are on the disk behind this.
 void AtomicFile::Settle() {
     Flush();
     if (!mDirect && ::fsync(mHandle) != 0) Refuse(errno);

@@ -25,6 +25,9 @@ public:
     /// Raises Output, with the system's reason, when the disk is full or fails.
     void Write(std::string_view bytes) override;
 
+    /// Brings all bytes to the disk, so that hardly anything can keep a commit from succeeding.
+    void Settle();
+
     /// Gives the file its target's name; replaces an older file of that name.
     void Commit();
 
@@ -38,7 +41,6 @@ private:
     void BeginHidden();
     void Flush();
     void WriteThrough(std::string_view bytes);
-    void Settle();
     [[nodiscard]] bool Name(const std::filesystem::path& name) const;
     void Discard() noexcept;
     [[noreturn]] void Refuse(int reason) const;
