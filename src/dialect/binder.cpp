@@ -156,6 +156,9 @@ void Binder::BindUnionOrder(Query& query) {
 void Binder::CombineUnion(Query& query) {
     query.columns = OutputColumnsOf(*query.parts.front());
     for (const auto& part : query.parts) {
+        if (part->percent)
+            mDiagnostics->Raise(FailureNumber::SyntaxError, part->items.front().offset,
+                                part->items.front().word, "TOP ... PERCENT can't stand in a part of a UNION");
         if (part->items.size() != query.columns.size())
             mDiagnostics->Raise(FailureNumber::SyntaxError, part->items.front().offset,
                                 part->items.front().word,

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace qbrpt::dialect {
 
@@ -219,6 +220,12 @@ void Emitter::EmitChoose(const Node& node) {
 }
 
 void Emitter::EmitAggregate(const Node& node) {
+    const bool outer = std::exchange(mOfGroups, false);
+    EmitAggregateCall(node);
+    mOfGroups = outer;
+}
+
+void Emitter::EmitAggregateCall(const Node& node) {
     const Form form = node.builtin->form;
     if (form == Form::First || form == Form::Last) return EmitFirst(node);
     if (node.star) return Put("count(*)");

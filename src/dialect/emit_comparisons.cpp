@@ -90,10 +90,12 @@ void Emitter::EmitPlainCompare(Operator op, const Node& left, const Node& right,
         Put(SignOf(op));
         return EmitNumber(right, Bits);
     }
-    EmitValue(left, Bits);
+    // The collation of the left side is the one that counts, also over one that stands deeper in it.
+    const bool texts = MayBeText(left.kind) && MayBeText(right.kind);
+    EmitValue(left, texts ? Collate : Bits);
+    if (texts) Put(" COLLATE QBRPT");
     Put(SignOf(op));
-    EmitValue(right, Collate);
-    if (MayBeText(left.kind) && MayBeText(right.kind)) Put(" COLLATE QBRPT");
+    EmitValue(right, Bits);
 }
 
 void Emitter::EmitBetween(const Node& node, Level level) {
@@ -116,7 +118,7 @@ void Emitter::EmitBetween(const Node& node, Level level) {
     const bool dates = IsDateLike(value);
     const bool texts = MayBeText(value.kind) && MayBeText(low->kind) && MayBeText(high->kind);
     const Enclosed enclosed(*this, Equal, level);
-    EmitNumberOrValue(value, Bits);
+    EmitNumberOrValue(value, texts ? Collate : Bits);
     if (texts) Put(" COLLATE QBRPT");
     Put(node.negated ? " NOT BETWEEN " : " BETWEEN ");
     if (literal && !dates) {
@@ -172,7 +174,7 @@ void Emitter::EmitInList(const Node& node, Level level) {
         return Put(node.negated ? ")" : "");
     }
     const Enclosed enclosed(*this, Equal, level);
-    EmitValue(wanted, Bits);
+    EmitValue(wanted, MayBeText(wanted.kind) ? Collate : Bits);
     if (MayBeText(wanted.kind)) Put(" COLLATE QBRPT");
     Put(node.negated ? " NOT IN (" : " IN (");
     for (std::size_t i = 1; i < node.operands.size(); ++i) {

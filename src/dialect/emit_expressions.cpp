@@ -84,6 +84,13 @@ void Emitter::PutColumn(const Binding& binding) {
         PutName("c" + std::to_string(binding.index + 1));
 }
 
+// "Gold" and "GOLD" are one group, and the engine would show either: the same one must show on every run.
+bool Emitter::IsGroupedText(const Node& node) const {
+    if (!mOfGroups || !MayBeText(node.kind) || node.binding.target != Binding::Target::Column) return false;
+    return std::any_of(mSelect->groupBy.begin(), mSelect->groupBy.end(),
+                       [&node](const NodePtr& term) { return SameExpression(*term, node); });
+}
+
 void Emitter::EmitValue(const Node& original, Level level) {
     const Deeper deeper(*this);
     const Node& node = Meaning(original);
@@ -100,6 +107,11 @@ void Emitter::EmitValue(const Node& original, Level level) {
     case NodeType::Date:
         return PutReal(SnapToMillisecond(node.number));
     case NodeType::Name:
+        if (IsGroupedText(node)) {
+            Put("min(");
+            PutColumn(node.binding);
+            return Put(" COLLATE BINARY)");
+        }
         if (node.binding.target == Binding::Target::Column) return PutColumn(node.binding);
         return Put("?" + std::to_string(mBinder.PlaceOfParameter(node.binding.index) + 1));
     case NodeType::Negate: {
@@ -311,6 +323,9 @@ void Emitter::EmitOperands(const Node& node, std::string_view sign, Level level,
 }
 
 void Emitter::EmitArithmetic(const Node& node, Level level) {
+    for (const NodePtr& operand : node.operands) {
+        if (Meaning(*operand).type == NodeType::Null) return Put("NULL");
+    }
     switch (node.op) {
     case Operator::Add:
         if (node.kind == ValueKind::Text) {
@@ -344,7 +359,7 @@ void Emitter::EmitNested(const Node& node, Level level) {
     if (node.type == NodeType::Exists) Put("EXISTS ");
     if (node.type == NodeType::InQuery) {
         const Node& wanted = *node.operands[0];
-        EmitValue(wanted, Bits);
+        EmitValue(wanted, MayBeText(wanted.kind) ? Collate : Bits);
         if (MayBeText(wanted.kind)) Put(" COLLATE QBRPT");
         Put(node.negated ? " NOT IN " : " IN ");
     }

@@ -23,6 +23,7 @@ bool IsConstant(const Node& node) {
 void Emitter::EmitQuery(const Query& query, Naming naming) {
     const Deeper deeper(*this);
     const Select* outer = mSelect;
+    const bool outerGroups = std::exchange(mOfGroups, false);
     if (query.parts.size() > 1) {
         EmitUnion(query, naming);
     } else if (query.parts.front()->top) {
@@ -30,9 +31,11 @@ void Emitter::EmitQuery(const Query& query, Naming naming) {
     } else {
         EmitSelect(*query.parts.front(), query, naming, false);
         mSelect = query.parts.front().get();
+        mOfGroups = !mSelect->groupBy.empty();
         EmitOrder(query);
     }
     mSelect = outer;
+    mOfGroups = outerGroups;
 }
 
 void Emitter::EmitUnion(const Query& query, Naming naming) {
@@ -104,6 +107,7 @@ void Emitter::EmitTopKeys(const Query& query, bool beside) {
 void Emitter::EmitSelect(const Select& select, const Query& query, Naming naming, bool combined) {
     const Deeper deeper(*this);
     const Select* outer = std::exchange(mSelect, &select);
+    mOfGroups = !select.groupBy.empty();
     Put(select.distinct ? "SELECT DISTINCT " : "SELECT ");
     for (std::size_t i = 0; i < select.items.size(); ++i) {
         if (i > 0) Put(", ");
@@ -119,20 +123,26 @@ void Emitter::EmitSelect(const Select& select, const Query& query, Naming naming
             Put(" AS \"k" + std::to_string(i + 1) + "\"");
         }
     }
+    mOfGroups = false;
+    EmitFromWhere(select);
+    EmitGroupBy(select);
+    if (select.having) {
+        mOfGroups = !select.groupBy.empty();
+        Put(" HAVING ");
+        EmitCondition(*select.having, Or);
+        mOfGroups = false;
+    }
+    mSelect = outer;
+}
+
+void Emitter::EmitFromWhere(const Select& select) {
     if (select.from) {
         Put(" FROM ");
         EmitFrom(*select.from);
     }
-    if (select.where) {
-        Put(" WHERE ");
-        EmitCondition(*select.where, Or);
-    }
-    EmitGroupBy(select);
-    if (select.having) {
-        Put(" HAVING ");
-        EmitCondition(*select.having, Or);
-    }
-    mSelect = outer;
+    if (!select.where) return;
+    Put(" WHERE ");
+    EmitCondition(*select.where, Or);
 }
 
 void Emitter::EmitItem(const Select& select, std::size_t index, const Query& query, bool combined) {

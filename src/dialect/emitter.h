@@ -30,6 +30,7 @@ private:
     void PutReal(double value);
     void PutSnapped(double dayNumber, double shift);
     void PutColumn(const Binding& binding);
+    [[nodiscard]] bool IsGroupedText(const Node& node) const;
     class Enclosed;
     class Deeper;
 
@@ -48,6 +49,7 @@ private:
     void EmitSelect(const Select& select, const Query& query, Naming naming, bool combined);
     void EmitItem(const Select& select, std::size_t index, const Query& query, bool combined);
     void EmitItemName(const Query& query, std::size_t index, Naming naming);
+    void EmitFromWhere(const Select& select);
     void EmitFrom(const JoinNode& join);
     void EmitSource(const Source& source);
     void EmitGroupBy(const Select& select);
@@ -88,6 +90,7 @@ private:
     void EmitFunction(const Node& node, std::string_view emitted);
     void EmitArgument(const Node& node, char how);
     void EmitAggregate(const Node& node);
+    void EmitAggregateCall(const Node& node);
     void EmitFirst(const Node& node);
     void EmitIIf(const Node& node);
     void EmitSwitch(const Node& node);
@@ -101,6 +104,7 @@ private:
     std::string mOut;
     int mDepth = 0;
     const Select* mSelect = nullptr; ///< that is being written
+    bool mOfGroups = false;          ///< what is being written sees groups of its rows, not single ones
 };
 
 /// Parentheses around an expression that binds looser than its place asks for.

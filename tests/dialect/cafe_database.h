@@ -1,0 +1,11 @@
+// A café small enough to be worked out by hand, with all that reality holds: nulls, deleted subscribers,
+// running sessions, half days, moments whose 15 digits lie above the stored number, mixed case, doubles.
+#pragma once
+
+#include "dialect/small_database.h"
+
+namespace qbrpt::dialect {
+
+void FillCafe(SmallDatabase& database);
+
+} // namespace qbrpt::dialect

@@ -1,0 +1,352 @@
+// Every feature of expressions, one row each: what is written, what comes out.
+#include "dialect/small_database.h"
+
+#include <gtest/gtest.h>
+
+namespace qbrpt::dialect {
+namespace {
+
+struct Row {
+    const char* name;
+    const char* expression;
+    const char* result;
+};
+
+class Expressions : public testing::TestWithParam<Row> {};
+
+TEST_P(Expressions, GiveTheirValue) {
+    SmallDatabase database;
+    database.SetNow(37787.604166666664); // 15 June 2003, 14:30
+    EXPECT_EQ(database.Single(GetParam().expression), GetParam().result);
+}
+
+constexpr Row Literals[] = {
+    {"WholeNumber", "5", "5"},
+    {"Fraction", "5.25", "5.25"},
+    {"FractionWithoutZero", ".5", "0.5"},
+    {"PointWithoutFraction", "5.", "5"},
+    {"Exponent", "1.5E+3", "1500"},
+    {"HugeWhole", "99999999999999999999", "1e+20"},
+    {"SingleQuotes", "'a b'", "a b"},
+    {"DoubleQuotes", "\"a b\"", "a b"},
+    {"DoubledApostrophe", "'it''s'", "it's"},
+    {"DoubledQuote", "\"a\"\"b\"", "a\"b"},
+    {"ApostropheInsideQuotes", "\"it's\"", "it's"},
+    {"BackslashIsPlain", "'C:\\new'", "C:\\new"},
+    {"Arabic", "'عميل محذوف'", "عميل محذوف"},
+    {"DateMonthFirst", "#6/15/2003#", "37787"},
+    {"DateDayTakenForMonthCannotBe", "#15/6/2003#", "37787"},
+    {"DateIso", "#2003-06-15#", "37787"},
+    {"DateAndTime", "#6/15/2003 10:00:00#", "37787.416666666664"},
+    {"DateAfternoon", "#6/15/2003 2:30 PM#", "37787.604166666664"},
+    {"DateTwoDigitYear", "#6/15/03#", "37787"},
+    {"DateTwoDigitYearBefore2000", "#6/15/45#", "16603"},
+    {"DateNamedMonth", "#15 June 2003#", "37787"},
+    {"DateShortMonth", "#Jun 15, 2003#", "37787"},
+    {"TimeOnly", "#12:00:00#", "0.5"},
+    {"True", "True", "true"},
+    {"False", "False", "false"},
+    {"Null", "Null", "NULL"},
+};
+
+constexpr Row Arithmetic[] = {
+    {"Plus", "1 + 2", "3"},
+    {"MinusChain", "10 - 3 - 2", "5"},
+    {"TimesBeforePlus", "1 + 2 * 3", "7"},
+    {"Parentheses", "(1 + 2) * 3", "9"},
+    {"SlashFloats", "100 / 60 * 60", "100"},
+    {"SlashFloatsHalf", "1 / 2", "0.5"},
+    {"SlashChain", "8 / 2 / 2", "2"},
+    {"SlashByZeroIsNull", "5 / 0", "NULL"},
+    {"SlashZeroByZeroIsNull", "0 / 0", "NULL"},
+    {"BackslashWhole", "7 \\ 2", "3"},
+    {"BackslashRoundsFirst", "7.5 \\ 2.4", "4"},
+    {"BackslashNegativeTowardsZero", "-7 \\ 2", "-3"},
+    {"BackslashBelowSlash", "12 \\ 6 / 2", "4"},
+    {"Mod", "7 Mod 3", "1"},
+    {"ModNegative", "-7 Mod 3", "-1"},
+    {"ModRoundsFirst", "7.6 Mod 3", "2"},
+    {"ModBelowTimes", "10 Mod 2 * 3", "4"},
+    {"ModLowerCase", "7 mod 4", "3"},
+    {"ModByZeroIsNull", "7 Mod 0", "NULL"},
+    {"Power", "2 ^ 10", "1024"},
+    {"PowerLeftFirst", "2 ^ 3 ^ 2", "64"},
+    {"PowerBeforeMinus", "-2 ^ 2", "-4"},
+    {"PowerNegativeExponent", "2 ^ -1", "0.5"},
+    {"DoubleMinus", "1 - -1", "2"},
+    {"MinusMinus", "- -5", "5"},
+    {"UnaryPlus", "+5", "5"},
+    {"NullSpreads", "1 + Null", "NULL"},
+    {"PlusJoinsTexts", "'a' + 'b'", "ab"},
+    {"PlusOfTextAndNullIsNull", "'a' + Null", "NULL"},
+    {"DatePlusDays", "#6/15/2003# + 1.5", "37788.5"},
+    {"TrueIsMinusOne", "True + 0", "-1"},
+    {"ComparisonAsNumber", "(2 > 1) * 5", "-5"},
+    {"TextAsNumber", "'12' * 2", "24"},
+    {"NoBlanks", "1+2*3-4", "3"},
+};
+
+constexpr Row Joining[] = {
+    {"Texts", "'a' & 'b'", "ab"},
+    {"NullIsEmpty", "'a' & Null & 'b'", "ab"},
+    {"OnlyNullsAreEmptyText", "Null & Null", ""},
+    {"WholeNumber", "5 & ''", "5"},
+    {"WholeFloatWithoutPoint", "5.0 & ''", "5"},
+    {"QuotientWithoutPoint", "(10 / 2) & ' min'", "5 min"},
+    {"FractionKeeps", "(1 / 8) & ''", "0.125"},
+    {"FifteenDigits", "(1 / 3) & ''", "0.333333333333333"},
+    {"LooserThanPlus", "1 + 2 & 3", "33"},
+    {"TighterThanEquals", "'a' & 'b' = 'ab'", "true"},
+    {"Boolean", "True & ''", "-1"},
+    {"DateWithoutTime", "#6/15/2003# & ''", "15/06/2003"},
+    {"DateWithTime", "#6/15/2003 14:30:00# & ''", "15/06/2003 02:30:00 م"},
+    {"NoBlanks", "'a'&'b'", "ab"},
+    {"Long", "'a'&'b'&'c'&'d'&1&2&3&4", "abcd1234"},
+};
+
+constexpr Row Logic[] = {
+    {"Equal", "1 = 1", "true"},
+    {"NotEqual", "1 <> 1", "false"},
+    {"LessOrEqual", "1 <= 1", "true"},
+    {"NotComparison", "Not 1 = 2", "true"},
+    {"NotBindsTighterThanAnd", "Not 1 = 2 And 1 = 2", "false"},
+    {"AndBeforeOr", "True Or False And False", "true"},
+    {"Xor", "True Xor True", "false"},
+    {"Eqv", "False Eqv False", "true"},
+    {"Imp", "False Imp False", "true"},
+    {"ImpFalse", "True Imp False", "false"},
+    {"NotBooleanIsLogical", "Not True", "false"},
+    {"NotNumberIsBitwise", "Not 5", "-6"},
+    {"AndOfNumbersIsBitwise", "6 And 3", "2"},
+    {"OrOfNumbersIsBitwise", "6 Or 3", "7"},
+    {"XorOfNumbersIsBitwise", "6 Xor 3", "5"},
+    {"BitTestInParentheses", "(6 And 2) <> 0", "true"},
+    {"NullComparisonIsNull", "Null = Null", "NULL"},
+    {"NullAndFalse", "(Null = 1) And False", "false"},
+    {"TrueEqualsMinusOne", "True = -1", "true"},
+    {"TrueEqualsOne", "True = 1", "true"},
+    {"FalseEqualsZero", "(1 = 2) = 0", "true"},
+    {"IsNull", "Null Is Null", "true"},
+    {"IsNotNull", "5 Is Not Null", "true"},
+    {"NotIsNull", "Not 5 Is Null", "true"},
+    {"IsNullFunction", "IsNull(Null)", "true"},
+    {"NotIsNullFunction", "Not IsNull(5)", "true"},
+    {"IsNullEqualsFalse", "(IsNull(5)) = False", "true"},
+    {"Between", "5 Between 1 And 9", "true"},
+    {"BetweenReversed", "5 Between 9 And 1", "true"},
+    {"BetweenAtTheEnds", "1 Between 1 And 1", "true"},
+    {"BetweenOutside", "0 Between 9 And 1", "false"},
+    {"BetweenNegative", "-5 Between -1 And -9", "true"},
+    {"NotBetween", "5 Not Between 9 And 1", "false"},
+    {"BetweenExpressions", "5 Between 10 - 1 And 1 + 0", "true"},
+    {"BetweenTexts", "'b' Between 'C' And 'A'", "true"},
+    {"BetweenThenAnd", "5 Between 1 And 9 And 1 = 1", "true"},
+    {"In", "2 In (1, 2, 3)", "true"},
+    {"NotIn", "2 Not In (1, 2, 3)", "false"},
+    {"InTextsAnyCase", "'b' In ('A', 'B')", "true"},
+    {"TextsCompareWithoutCase", "'AHMED' = 'ahmed'", "true"},
+    {"TextsDiffer", "'a' <> 'b'", "true"},
+};
+
+constexpr Row Likes[] = {
+    {"Star", "'Ahmed' Like 'a*d'", "true"},
+    {"StarTakesNothing", "'ad' Like 'a*d'", "true"},
+    {"Question", "'ab' Like 'a?'", "true"},
+    {"QuestionNeedsOne", "'a' Like 'a?'", "false"},
+    {"QuestionIsOneArabicLetter", "'علي' Like 'ع?ي'", "true"},
+    {"Digit", "'A1' Like 'a#'", "true"},
+    {"DigitRefusesLetter", "'AB' Like 'a#'", "false"},
+    {"Set", "'b' Like '[abc]'", "true"},
+    {"Range", "'E' Like '[a-f]'", "true"},
+    {"NotInSet", "'x' Like '[!abc]'", "true"},
+    {"NotInSetRefuses", "'a' Like '[!abc]'", "false"},
+    {"StarInBracketsIsPlain", "'a*b' Like 'a[*]b'", "true"},
+    {"PercentIsPlain", "'ab' Like 'a%'", "false"},
+    {"Contains", "'one two three' Like '*TWO*'", "true"},
+    {"ManyStars", "'aaaaaaaaaaaaaaaaaaaaaaaaaaab' Like '*a*a*a*a*a*c'", "false"},
+    {"NotLike", "'ab' Not Like 'c*'", "true"},
+    {"NullIsNull", "Null Like 'a*'", "NULL"},
+    {"NumberAsText", "105 Like '10#'", "true"},
+};
+
+constexpr Row Choices[] = {
+    {"IIfTrue", "IIf(1 = 1, 'a', 'b')", "a"},
+    {"IIfNullIsFalse", "IIf(Null, 'a', 'b')", "b"},
+    {"IIfNested", "IIf(False, 1, IIf(False, 2, IIf(True, 3, 4)))", "3"},
+    {"IIfNestedInFront", "IIf(True, IIf(False, 1, 2), 3)", "2"},
+    {"IIfNumber", "IIf(5, 'yes', 'no')", "yes"},
+    {"IIfBooleanAndNumber", "IIf(True, True, 5)", "-1"},
+    {"IIfBooleans", "IIf(True, 1 = 1, False)", "true"},
+    {"NzValue", "Nz(5, 1)", "5"},
+    {"NzNull", "Nz(Null, 1)", "1"},
+    {"NzWithoutDefaultIsEmptyText", "Nz(Null) & 'x'", "x"},
+    {"Switch", "Switch(1 = 2, 'a', 1 = 1, 'b')", "b"},
+    {"SwitchNone", "Switch(1 = 2, 'a')", "NULL"},
+    {"Choose", "Choose(2, 'a', 'b', 'c')", "b"},
+    {"ChooseOutside", "Choose(4, 'a', 'b', 'c')", "NULL"},
+};
+
+constexpr Row Texts[] = {
+    {"Left", "Left('Ahmed', 2)", "Ah"},
+    {"LeftMore", "Left('Ah', 9)", "Ah"},
+    {"LeftArabic", "Left('عبدالله', 3)", "عبد"},
+    {"LeftOfNumber", "Left(12345, 2)", "12"},
+    {"LeftDollar", "Left$('abc', 1)", "a"},
+    {"LeftNull", "Left(Null, 1)", "NULL"},
+    {"LeftCount", "Left('abcdef', 1 + 1)", "ab"},
+    {"Right", "Right('Ahmed', 2)", "ed"},
+    {"RightMore", "Right('ed', 9)", "ed"},
+    {"RightNothing", "Right('ed', 0)", ""},
+    {"Mid", "Mid('Ahmed', 2, 3)", "hme"},
+    {"MidToTheEnd", "Mid('Ahmed', 3)", "med"},
+    {"MidBeyond", "Mid('Ahmed', 9)", ""},
+    {"MidOfExpression", "Mid('Ahmed' & '', 1 + 1, 1)", "h"},
+    {"Len", "Len('عبد')", "3"},
+    {"LenOfNumber", "Len(1234)", "4"},
+    {"LenNull", "Len(Null)", "NULL"},
+    {"Trim", "Trim('  a b  ')", "a b"},
+    {"LTrim", "LTrim('  a ') & '.'", "a ."},
+    {"RTrim", "'.' & RTrim(' a  ')", ". a"},
+    {"UCase", "UCase('aé')", "AÉ"},
+    {"LCase", "LCase('AÉ')", "aé"},
+    {"UCaseArabic", "UCase('علي')", "علي"},
+    {"InStr", "InStr('Ahmed', 'M')", "3"},
+    {"InStrNone", "InStr('Ahmed', 'x')", "0"},
+    {"InStrFrom", "InStr(3, 'abcabc', 'a')", "4"},
+    {"InStrExact", "InStr(1, 'Ahmed', 'M', 0)", "0"},
+    {"InStrArabic", "InStr('عبدالله', 'الله')", "4"},
+    {"InStrNull", "InStr(Null, 'a')", "NULL"},
+    {"InStrEmpty", "InStr('abc', '')", "1"},
+    {"Replace", "Replace('a-b-c', '-', '+')", "a+b+c"},
+    {"ReplaceAnyCase", "Replace('xAx', 'a', 'b')", "xbx"},
+    {"ReplaceCount", "Replace('aaa', 'a', 'b', 1, 2)", "bba"},
+    {"ReplaceFrom", "Replace('aaa', 'a', 'b', 2)", "bb"},
+    {"StrReverse", "StrReverse('abc')", "cba"},
+    {"Space", "'a' & Space(2) & 'b'", "a  b"},
+    {"String", "String(3, 'x')", "xxx"},
+    {"Chr", "Chr(65)", "A"},
+    {"Asc", "Asc('A')", "65"},
+    {"StrComp", "StrComp('a', 'B')", "-1"},
+};
+
+constexpr Row Numbers[] = {
+    {"Abs", "Abs(-5)", "5"},
+    {"Int", "Int(2.7)", "2"},
+    {"IntNegative", "Int(-2.1)", "-3"},
+    {"Fix", "Fix(-2.7)", "-2"},
+    {"IntOfText", "Int('2.7')", "2"},
+    {"Round", "Round(2.567, 2)", "2.57"},
+    {"RoundHalfToEvenDown", "Round(2.5)", "2"},
+    {"RoundHalfToEvenUp", "Round(3.5)", "4"},
+    {"RoundHalfToEvenPlaces", "Round(0.125, 2)", "0.12"},
+    {"Sgn", "Sgn(-3.2)", "-1"},
+    {"Sqr", "Sqr(16)", "4"},
+    {"CLng", "CLng(2.4)", "2"},
+    {"CLngHalfToEvenDown", "CLng(0.5)", "0"},
+    {"CLngHalfToEvenUp", "CLng(1.5)", "2"},
+    {"CLngHalfToEvenNegative", "CLng(-2.5)", "-2"},
+    {"CLngNull", "CLng(Null)", "NULL"},
+    {"CLngText", "CLng('12')", "12"},
+    {"CIntHalf", "CInt(2.5)", "2"},
+    {"CIntNull", "CInt(Null)", "NULL"},
+    {"CDblNull", "CDbl(Null)", "NULL"},
+    {"CDblText", "CDbl('2.5')", "2.5"},
+    {"CDblDate", "CDbl(#6/15/2003 12:00:00#)", "37787.5"},
+    {"CCur", "CCur(1.23456)", "1.2346"},
+    {"CStr", "CStr(5.0)", "5"},
+    {"CStrNull", "CStr(Null)", "NULL"},
+    {"CStrBoolean", "CStr(True)", "True"},
+    {"CBool", "CBool(2)", "true"},
+    {"CBoolZero", "CBool(0)", "false"},
+    {"CBoolText", "CBool('True')", "true"},
+    {"CDateNumber", "CDate(37787.5)", "37787.5"},
+    {"CDateText", "CDate('15/6/2003')", "37787"},
+    {"CDateTextDayFirst", "CDate('5/6/2003')", "37777"},
+    {"CDateOfWrittenDate", "CDate(#6/15/2003 14:30:00# & '')", "37787.604166666664"},
+    {"Val", "Val('12.5 min')", "12.5"},
+    {"ValNone", "Val('abc')", "0"},
+    {"ValBlanks", "Val(' 1 2')", "12"},
+    {"ValExponent", "Val('1e2x')", "100"},
+    {"IsNumeric", "IsNumeric('12')", "true"},
+    {"IsNumericNot", "IsNumeric('x')", "false"},
+    {"IsDate", "IsDate('15/6/2003')", "true"},
+};
+
+constexpr Row Dates[] = {
+    {"Now", "Now()", "37787.604166666664"},
+    {"NowWithoutParentheses", "Now", "37787.604166666664"},
+    {"Date", "Date()", "37787"},
+    {"DateWithoutParentheses", "Date", "37787"},
+    {"Year", "Year(#6/15/2003#)", "2003"},
+    {"Month", "Month(#6/15/2003#)", "6"},
+    {"Day", "Day(#6/15/2003#)", "15"},
+    {"Hour", "Hour(#6/15/2003 14:30:10#)", "14"},
+    {"Minute", "Minute(#6/15/2003 14:30:10#)", "30"},
+    {"Second", "Second(#6/15/2003 14:30:10#)", "10"},
+    {"HalfASecondBeforeTheHour", "Hour(37787.416666666664 - 0.4/86400)", "10"},
+    {"YearNull", "Year(Null)", "NULL"},
+    {"YearOfNumber", "Year(37787)", "2003"},
+    {"Weekday", "Weekday(#6/15/2003#)", "1"},
+    {"WeekdayFromSaturday", "Weekday(#6/15/2003#, 7)", "2"},
+    {"DateAddDay", "DateAdd('d', 10, #6/15/2003#)", "37797"},
+    {"DateAddMonthClamps", "DateAdd('m', 1, #1/31/2003#)", "37680"},
+    {"DateAddMonthBack", "DateAdd('m', -6, #6/15/2003#)", "37605"},
+    {"DateAddYearLeap", "DateAdd('yyyy', 1, #2/29/2004#)", "38411"},
+    {"DateAddHour", "DateAdd('h', 12, #6/15/2003#)", "37787.5"},
+    {"DateAddQuarter", "DateAdd('q', 1, #6/15/2003#)", "37879"},
+    {"DateAddWeek", "DateAdd('ww', 1, #6/15/2003#)", "37794"},
+    {"DateDiffDay", "DateDiff('d', #6/15/2003 23:59:00#, #6/16/2003 00:01:00#)", "1"},
+    {"DateDiffMonth", "DateDiff('m', #6/30/2003#, #7/1/2003#)", "1"},
+    {"DateDiffYear", "DateDiff('yyyy', #12/31/2003#, #1/1/2004#)", "1"},
+    {"DateDiffHour", "DateDiff('h', #6/15/2003 09:59:00#, #6/15/2003 10:00:00#)", "1"},
+    {"DateDiffMinuteBack", "DateDiff('n', #6/15/2003 10:00:00#, #6/15/2003 09:00:00#)", "-60"},
+    {"DateDiffWeek", "DateDiff('ww', #6/14/2003#, #6/15/2003#)", "1"},
+    {"DatePart", "DatePart('q', #6/15/2003#)", "2"},
+    {"DatePartWeek", "DatePart('ww', #1/5/2003#)", "2"},
+    {"DatePartDayOfYear", "DatePart('y', #6/15/2003#)", "166"},
+    {"DateSerial", "DateSerial(2003, 6, 15)", "37787"},
+    {"DateSerialCarries", "DateSerial(2003, 14, 0)", "38017"},
+    {"TimeSerial", "TimeSerial(12, 0, 0)", "0.5"},
+    {"DateValue", "DateValue(#6/15/2003 14:30:00#)", "37787"},
+    {"TimeValue", "TimeValue(#6/15/2003 12:00:00#)", "0.5"},
+    {"IntOfDate", "Int(#6/15/2003 14:30:00#)", "37787"},
+    {"MonthName", "MonthName(6)", "يونيو"},
+    {"DatesSubtract", "#6/15/2003 12:00:00# - #6/15/2003#", "0.5"},
+};
+
+constexpr Row Formats[] = {
+    {"DayWords", "Format(#6/16/2003#, 'ddd dd MMM yyyy')", "الاثنين 16 يونيو 2003"},
+    {"DayWordsWithComma", "Format(#6/15/2003#, 'ddd, dd MMM yyyy')", "الأحد, 15 يونيو 2003"},
+    {"CapitalMonthBehindHour", "Format(#6/15/2003 10:45:00#, 'dd-mm-yyyy hh:MM')", "15-06-2003 10:06"},
+    {"SmallMinuteBehindHour", "Format(#6/15/2003 10:45:00#, 'dd-mm-yyyy hh:mm')", "15-06-2003 10:45"},
+    {"CardNumber", "Format(42, '#00000')", "00042"},
+    {"CardNumberLong", "Format(1234567, '#00000')", "1234567"},
+    {"Money", "Format(1234.5, '#,##0.00')", "1,234.50"},
+    {"DateOfNumber", "Format(37787, 'dd/mm/yyyy')", "15/06/2003"},
+    {"NullIsEmptyText", "Format(Null, '0.00') & '.'", "."},
+    {"NullDate", "Format(Null, 'dd') & '.'", "."},
+    {"TextAsNumber", "Format('5', '000')", "005"},
+    {"TextStays", "Format('abc', '000')", "abc"},
+    {"Capitals", "Format('abc', '>')", "ABC"},
+    {"WithoutPicture", "Format(5.50)", "5.5"},
+    {"DateWithoutPicture", "Format(#6/15/2003#)", "15/06/2003"},
+    {"JustBeforeTheMinute", "Format(37787.416666666664 - 0.4/86400, 'hh:nn')", "10:00"},
+};
+
+std::string RowName(const testing::TestParamInfo<Row>& info) {
+    return info.param.name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Literals, Expressions, testing::ValuesIn(Literals), RowName);
+INSTANTIATE_TEST_SUITE_P(Arithmetic, Expressions, testing::ValuesIn(Arithmetic), RowName);
+INSTANTIATE_TEST_SUITE_P(Joining, Expressions, testing::ValuesIn(Joining), RowName);
+INSTANTIATE_TEST_SUITE_P(Logic, Expressions, testing::ValuesIn(Logic), RowName);
+INSTANTIATE_TEST_SUITE_P(Likes, Expressions, testing::ValuesIn(Likes), RowName);
+INSTANTIATE_TEST_SUITE_P(Choices, Expressions, testing::ValuesIn(Choices), RowName);
+INSTANTIATE_TEST_SUITE_P(Texts, Expressions, testing::ValuesIn(Texts), RowName);
+INSTANTIATE_TEST_SUITE_P(Numbers, Expressions, testing::ValuesIn(Numbers), RowName);
+INSTANTIATE_TEST_SUITE_P(Dates, Expressions, testing::ValuesIn(Dates), RowName);
+INSTANTIATE_TEST_SUITE_P(Formats, Expressions, testing::ValuesIn(Formats), RowName);
+
+} // namespace
+} // namespace qbrpt::dialect
