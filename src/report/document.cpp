@@ -49,7 +49,10 @@ public:
 
 private:
     void Measure() {
-        mCheckpoints.assign(1, mPaginator.Save());
+        // Measuring may have been stopped half-way before.
+        if (mCheckpoints.empty()) mCheckpoints.push_back(mPaginator.Save());
+        mCheckpoints.resize(1);
+        mPaginator.Restore(mCheckpoints.front());
         std::size_t pages = 1;
         if (mPaginator.RunPage(nullptr, 0)) pages = MeasureRest();
         GoTo(0);
