@@ -5,7 +5,7 @@
 #include "report/document.h"
 #include "report/page_text.h"
 #include "templates/field_tables.h"
-#include "templates/sample_rows.h"
+#include "samples/sample_rows.h"
 
 #include <gtest/gtest.h>
 

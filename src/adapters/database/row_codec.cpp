@@ -1,5 +1,7 @@
 #include "adapters/database/row_codec.h"
 
+#include <array>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -65,12 +67,15 @@ char* PutEight(char* to, double value) {
     return to + sizeof value;
 }
 
+std::uint64_t BitsOf(double value) {
+    return std::bit_cast<std::uint64_t>(value);
+}
+
 char* PutNumber(char* to, double value) {
     const bool inRange = value > -LargestExactWhole && value < LargestExactWhole;
-    const std::int64_t whole = inRange ? static_cast<std::int64_t>(value) : 0;
-    const double again = static_cast<double>(whole);
+    const auto whole = inRange ? static_cast<std::int64_t>(value) : 0;
     // A negative zero has a sign that a whole number would lose.
-    if (inRange && std::memcmp(&again, &value, sizeof value) == 0)
+    if (inRange && BitsOf(static_cast<double>(whole)) == BitsOf(value))
         return PutVariable(PutTag(to, WholeNumberTag), FoldSign(whole));
     return PutEight(PutTag(to, NumberTag), value);
 }
@@ -164,8 +169,8 @@ void AppendRow(const RowView& row, std::string& bytes, std::string& scratch) {
     for (const CellView& cell : row)
         end = PutCell(end, cell);
     const auto size = static_cast<std::size_t>(end - scratch.data());
-    char length[LongestVariable];
-    bytes.append(length, static_cast<std::size_t>(PutVariable(length, size) - length));
+    std::array<char, LongestVariable> length{};
+    bytes.append(length.data(), static_cast<std::size_t>(PutVariable(length.data(), size) - length.data()));
     bytes.append(scratch.data(), size);
 }
 

@@ -1,4 +1,4 @@
-#include "templates/sample_rows.h"
+#include "samples/sample_rows.h"
 
 #include "base/calendar.h"
 #include "base/calendar_names.h"
