@@ -11,8 +11,19 @@ namespace {
 
 constexpr std::size_t LongestQuotedWord = 40; // characters; a message box is no place for a whole text
 
+// Control characters don't belong into a message box: line ends show as blanks, others as U+FFFD.
+std::string Shown(std::string_view word) {
+    std::string shown;
+    for (std::size_t at = 0; at < word.size();) {
+        const char32_t character = NextCharacter(word, at);
+        const bool blank = character == U'\r' || character == U'\n' || character == U'\t';
+        AppendCharacter(shown, blank ? U' ' : character < U' ' ? ReplacementCharacter : character);
+    }
+    return shown;
+}
+
 std::string Quoted(std::string_view word) {
-    const std::string valid = ValidUtf8(word.substr(0, LongestQuotedWord * 4));
+    const std::string valid = Shown(word.substr(0, LongestQuotedWord * 4));
     const std::string_view head = FirstCharacters(valid, LongestQuotedWord);
     return '"' + std::string(head) + (head.size() < valid.size() ? "...\"" : "\"");
 }

@@ -115,10 +115,13 @@ void Emitter::EmitBetween(const Node& node, Level level) {
         (void)EmitDayCompare(Operator::LessOrEqual, value, *high, Not);
         return Put(node.negated ? ")" : "");
     }
-    const bool dates = IsDateLike(value);
-    const bool texts = MayBeText(value.kind) && MayBeText(low->kind) && MayBeText(high->kind);
+    const bool dates = IsDateLike(value) || IsDateLike(*low) || IsDateLike(*high);
+    const bool texts = !dates && MayBeText(value.kind) && MayBeText(low->kind) && MayBeText(high->kind);
     const Enclosed enclosed(*this, Equal, level);
-    EmitNumberOrValue(value, texts ? Collate : Bits);
+    if (dates)
+        EmitDateBound(value, 0);
+    else
+        EmitNumberOrValue(value, texts ? Collate : Bits);
     if (texts) Put(" COLLATE QBRPT");
     Put(node.negated ? " NOT BETWEEN " : " BETWEEN ");
     if (literal && !dates) {

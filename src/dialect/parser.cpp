@@ -47,14 +47,19 @@ constexpr std::array<TypeWord, 33> TypeWords = {
 Parser::Parser(std::string_view statement, const Diagnostics& diagnostics)
     : mDiagnostics(diagnostics), mLexer(statement, diagnostics) {
     mToken = mLexer.Next();
-    mNext = mLexer.Next();
 }
 
 Token Parser::Take() {
     Token taken = std::move(mToken);
-    mToken = std::move(mNext);
-    mNext = mLexer.Next();
+    mToken = mNext ? std::move(*mNext) : mLexer.Next();
+    mNext.reset();
     return taken;
+}
+
+// Reads ahead only where it must, so that the first mistake in the text is the one that is told.
+const Token& Parser::Next() {
+    if (!mNext) mNext = mLexer.Next();
+    return *mNext;
 }
 
 bool Parser::IsWord(const Token& token, std::string_view word) {

@@ -4,7 +4,7 @@
 #include "dialect/lexer.h"
 #include "dialect/tree.h"
 
-#include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -22,6 +22,7 @@ public:
 private:
     // Tokens.
     Token Take();
+    [[nodiscard]] const Token& Next();
     [[nodiscard]] bool IsWord(std::string_view word) const { return IsWord(mToken, word); }
     [[nodiscard]] static bool IsWord(const Token& token, std::string_view word);
     [[nodiscard]] bool IsSymbol(std::string_view symbol) const;
@@ -72,8 +73,8 @@ private:
 
     const Diagnostics& mDiagnostics;
     Lexer mLexer;
-    Token mToken; ///< the one to be read
-    Token mNext;  ///< the one behind it
+    Token mToken;               ///< the one to be read
+    std::optional<Token> mNext; ///< the one behind it, once somebody has asked for it
     int mDepth = 0;
     int mHighest = 0; ///< highest expression of the query that is being read
 };

@@ -241,8 +241,8 @@ NodePtr Parser::ParseNameOrCall() {
         Take();
         return node;
     }
-    const bool open = mNext.type == TokenType::Symbol && mNext.raw == "(";
-    if (IsWord("EXISTS") && open) {
+    const auto open = [this] { return Next().type == TokenType::Symbol && Next().raw == "("; };
+    if (IsWord("EXISTS") && open()) {
         NodePtr node = Make(NodeType::Exists, Take());
         Take();
         if (!IsWord("SELECT")) RaiseExpected("SELECT");
@@ -250,7 +250,7 @@ NodePtr Parser::ParseNameOrCall() {
         ExpectSymbol(")");
         return node;
     }
-    const bool calledByReservedName = (IsWord("LEFT") || IsWord("RIGHT")) && open;
+    const bool calledByReservedName = (IsWord("LEFT") || IsWord("RIGHT")) && open();
     if (!IsName() && !calledByReservedName) RaiseExpected("a column, a value or a function");
     const Token token = Take();
     if (token.type == TokenType::Word && IsSymbol("(")) return ParseCall(token);

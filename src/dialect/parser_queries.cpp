@@ -53,7 +53,7 @@ std::unique_ptr<Select> Parser::ParseSelect() {
 
 void Parser::ParseSelectOptions(Select& select) {
     if (!Accept("ALL")) select.distinct = Accept("DISTINCT") || Accept("DISTINCTROW");
-    if (!IsWord("TOP") || mNext.type != TokenType::Whole) return;
+    if (!IsWord("TOP") || Next().type != TokenType::Whole) return;
     Take();
     select.top = Take().whole;
     select.percent = Accept("PERCENT");
@@ -145,7 +145,7 @@ std::unique_ptr<JoinNode> Parser::ParseJoins(Select& select) {
 }
 
 std::unique_ptr<JoinNode> Parser::ParseSource(Select& select) {
-    if (IsSymbol("(") && !IsWord(mNext, "SELECT")) {
+    if (IsSymbol("(") && !IsWord(Next(), "SELECT")) {
         Take();
         std::unique_ptr<JoinNode> inner = ParseFrom(select);
         ExpectSymbol(")");

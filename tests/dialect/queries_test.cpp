@@ -122,6 +122,7 @@ const Row Rows[] = {
      "SELECT id FROM t WHERE day Between #6/9/2003# And #6/8/2003# ORDER BY id",
      {"1", "2"}},
     {"DateNotBetween", "SELECT id FROM t WHERE day Not Between 37780 And 37781", {"4"}},
+    {"NumberBetweenDates", "SELECT a.id FROM t AS a WHERE 37780.4166666667 Between a.day And a.day", {"1"}},
     {"DateText", "SELECT id FROM t WHERE day = '9/6/2003'", {"2"}},
     {"DateInList", "SELECT id FROM t WHERE day In (37780.4166666667, #6/9/2003#) ORDER BY id", {"1", "2"}},
     {"DateNotInList", "SELECT id FROM t WHERE day Not In (37780.4166666667, #6/9/2003#)", {"4"}},
