@@ -260,8 +260,7 @@ TEST_F(Queries, AFileInUtf16GivesTheSameText) {
 
 TEST_F(Queries, TextComparesWithoutCase) {
     EXPECT_EQ(Rows("SELECT id FROM members WHERE name = 'pETER'"), "2\n");
-    EXPECT_EQ(Rows("SELECT name FROM members ORDER BY name DESC").substr(0, 9), "Peter\nأح")
-        << "Arabic stands first";
+    EXPECT_EQ(Rows("SELECT name FROM members ORDER BY name DESC"), "Peter\nأحمد\nnull\n");
 }
 
 TEST_F(Queries, NowIsOneMomentOfTheClockPort) {

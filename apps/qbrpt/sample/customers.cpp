@@ -4,6 +4,7 @@
 #include "sample/words.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 
 namespace qbrpt::sample {
@@ -21,7 +22,7 @@ struct CardOffer {
     int minutes;
     long long cents;
 };
-constexpr CardOffer CardOffers[CardAccountCount] = {{300, 1500}, {600, 2500}, {1200, 4500}};
+constexpr std::array<CardOffer, CardAccountCount> CardOffers{{{300, 1500}, {600, 2500}, {1200, 4500}}};
 
 std::string Digits(Random& random, int count) {
     std::string digits;
@@ -97,7 +98,7 @@ void Customers::Pay(Subscription& subscription, long long amount, const Session&
 
 void Customers::UseCard(Session& session, Day& day) {
     constexpr std::size_t cardsAround = 25;
-    const std::size_t place = static_cast<std::size_t>(mRandom.Between(0, static_cast<int>(cardsAround) - 1));
+    const auto place = static_cast<std::size_t>(mRandom.Between(0, static_cast<int>(cardsAround) - 1));
     std::size_t index = 0;
     if (place >= mCardsInUse.size()) {
         index = SellCard(session, day);
@@ -114,12 +115,13 @@ void Customers::UseCard(Session& session, Day& day) {
 
 std::size_t Customers::SellCard(const Session& session, Day& day) {
     const int account = mRandom.Between(0, CardAccountCount - 1);
+    const CardOffer& offer = CardOffers[static_cast<std::size_t>(account)];
     Card card;
     card.subscription = mNextSubscription++;
     card.account = account + 1;
-    card.boughtMinutes = CardOffers[account].minutes;
+    card.boughtMinutes = offer.minutes;
     card.begin = At(day.date, session.begin);
-    day.ShiftAt(session.begin).prepaid += CardOffers[account].cents;
+    day.ShiftAt(session.begin).prepaid += offer.cents;
     mCards.push_back(card);
     mMembersTime.Add(card.subscription, CardKind, static_cast<int>(mCards.size()));
     return mCards.size() - 1;
@@ -164,7 +166,7 @@ void Customers::WriteCards(int lastDate) {
         const int account = i % CardAccountCount;
         Card card;
         card.account = account + 1;
-        card.boughtMinutes = CardOffers[account].minutes;
+        card.boughtMinutes = CardOffers[static_cast<std::size_t>(account)].minutes;
         add(card, std::nullopt);
     }
 }

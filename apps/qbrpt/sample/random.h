@@ -1,6 +1,7 @@
 // Numbers that are the same on every machine.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
@@ -32,7 +33,7 @@ public:
     bool Rarely(int share) { return Between(0, 999) < share; }
 
     template <class T, std::size_t N>
-    const T& Pick(const T (&items)[N]) {
+    const T& Pick(const std::array<T, N>& items) {
         return items[Next() % N];
     }
 
