@@ -203,6 +203,18 @@ TEST(Fonts, MissingCharactersAreListedOnce) {
     EXPECT_THAT(engine.MissingGlyphs(), ElementsAre("U+4E2D 中", "U+6587 文"));
 }
 
+TEST(Fonts, NamesInOtherScriptsFindAnyFontThatHasThem) {
+    const FontFolder folder(With(
+        everything, {noto + "NotoSerifDevanagari-Regular.ttf", noto + "NotoSansDevanagari-Regular.ttf"}));
+    const FontConfiguration configuration(folder.Configuration());
+    TextEngine engine;
+    const auto block = engine.Layout("मोहन", engine.Style(Body), 0, BaseDirection::RightToLeft);
+    const auto& runs = block->lines.at(0).words.at(0).word->runs;
+    ASSERT_EQ(runs.size(), 1U);
+    EXPECT_EQ(engine.Fonts().Face(runs[0].face).PostScriptName(), "NotoSansDevanagari-Regular");
+    EXPECT_TRUE(engine.MissingGlyphs().empty());
+}
+
 TEST(Fonts, TheSameFontIsTheSameStyle) {
     TextEngine engine;
     const auto body = engine.Style(Body);

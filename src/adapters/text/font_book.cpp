@@ -17,6 +17,9 @@ constexpr char32_t EnDash = 0x2013;
 /// DejaVu Sans runs wide; at this share of the size it fits where the house's faces fit.
 constexpr float WideFaceScale = 0.9F;
 
+/// Bounds what is remembered of characters outside the chain against texts of random bytes.
+constexpr std::size_t OthersKept = 4096;
+
 struct Chain {
     std::vector<std::string_view> arabic;
     std::vector<std::string_view> latin;
@@ -59,6 +62,15 @@ report::FaceId FontBook::FaceOf(const FontFile& file, std::string_view family) {
     const auto face = static_cast<report::FaceId>(mFaces.size() - 1);
     mFaceIds.emplace(key, face);
     return face;
+}
+
+std::optional<report::FaceId> FontBook::FaceWith(char32_t character, bool bold) {
+    if (mOthers.size() >= OthersKept) mOthers.clear();
+    const auto [known, isNew] = mOthers.try_emplace({character, bold});
+    if (!isNew) return known->second;
+    const FontFile* file = mFiles.FindFor(character, bold);
+    if (file != nullptr) known->second = FaceOf(*file, file->families.front());
+    return known->second;
 }
 
 void FontBook::Add(std::vector<report::FaceId>& chain, std::string_view family, bool bold) {

@@ -7,6 +7,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,6 +43,9 @@ public:
     report::StyleId Style(const report::FontSpec& font);
     [[nodiscard]] const StyleFaces& Faces(report::StyleId style) const { return *mStyles.at(style); }
     [[nodiscard]] const FontFace& Face(report::FaceId face) const { return *mFaces.at(face); }
+    /// A face outside the house's chain that has a character, for names in other scripts; nothing where no
+    /// font has it.
+    std::optional<report::FaceId> FaceWith(char32_t character, bool bold);
     /// The family that a face was found under.
     [[nodiscard]] const std::string& FamilyOf(report::FaceId face) const { return mFamilies.at(face); }
 
@@ -57,6 +61,7 @@ private:
     std::vector<std::unique_ptr<FontFace>> mFaces;
     std::vector<std::string> mFamilies;
     std::vector<std::unique_ptr<StyleFaces>> mStyles;
+    std::map<std::pair<char32_t, bool>, std::optional<report::FaceId>> mOthers;
 };
 
 } // namespace qbrpt::text

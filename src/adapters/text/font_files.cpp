@@ -72,7 +72,15 @@ FontFile FileOf(const FcPattern* pattern) {
     file.width = Number(pattern, FC_WIDTH, FC_WIDTH_NORMAL);
     file.arabic = Covers(pattern, U"ءآأؤإئابةتثجحخدذرزسشصضطظعغفقكلمنهوىي");
     file.latin = Covers(pattern, U"0123456789.,:/-%ABCxyz");
+    FcCharSet* set = nullptr;
+    if (FcPatternGetCharSet(pattern, FC_CHARSET, 0, &set) == FcResultMatch)
+        file.characters = std::shared_ptr<const FcCharSet>(FcCharSetCopy(set), FcCharSetDestroy);
     return file;
+}
+
+// How far a face is from a plain or a bold one of normal width.
+int Distance(const FontFile& file, bool bold) {
+    return std::abs(file.weight - (bold ? Bold : Regular)) * 1000 + std::abs(file.width - FC_WIDTH_NORMAL);
 }
 
 // A condensed or light face is listed under the family as a whole and under a name of its own.
@@ -115,13 +123,28 @@ const FontFile* FontFiles::Find(std::string_view family, bool bold) const {
         if (std::none_of(file.families.begin(), file.families.end(),
                          [family](const std::string& name) { return SameFamily(name, family); }))
             continue;
-        const int distance =
-            std::abs(file.weight - (bold ? Bold : Regular)) * 1000 + std::abs(file.width - FC_WIDTH_NORMAL);
+        const int distance = Distance(file, bold);
         if (best == nullptr || distance < bestDistance) {
             best = &file;
             bestDistance = distance;
         }
     }
+    return best;
+}
+
+const FontFile* FontFiles::FindFor(char32_t character, bool bold) const {
+    const auto has = [character](const FontFile& file) {
+        const auto* set = static_cast<const FcCharSet*>(file.characters.get());
+        return set != nullptr && FcCharSetHasChar(set, character) != FcFalse;
+    };
+    // Sans faces go with the house's; among them the one of the wanted weight, the first by name.
+    const auto rank = [bold](const FontFile& file) {
+        const bool sans = file.families.front().find("Sans") != std::string::npos;
+        return std::make_pair(!sans, Distance(file, bold));
+    };
+    const FontFile* best = nullptr;
+    for (const FontFile& file : mFiles)
+        if (has(file) && (best == nullptr || rank(file) < rank(*best))) best = &file;
     return best;
 }
 

@@ -1,6 +1,7 @@
 // The font files of the machine that pages can be set in.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +17,7 @@ struct FontFile {
     int width = 100; ///< 75 condensed, 100 normal
     bool arabic = false;
     bool latin = false;
+    std::shared_ptr<const void> characters; ///< FontConfig's set of those that the face has
 };
 
 /// What FontConfig knows of: upright TrueType outlines that are not variable, since the PDF embeds these as
@@ -27,6 +29,9 @@ public:
     /// The file of a family, by its exact name without regard to case; null where it is not installed. A
     /// family without a bold file gives its regular one.
     [[nodiscard]] const FontFile* Find(std::string_view family, bool bold) const;
+
+    /// A file of any family that has a character; null where none is installed.
+    [[nodiscard]] const FontFile* FindFor(char32_t character, bool bold) const;
 
     /// The names of all families, each once, sorted; `arabicOnly`: of those with Arabic letters.
     [[nodiscard]] std::vector<std::string> Families(bool arabicOnly) const;

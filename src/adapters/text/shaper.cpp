@@ -24,14 +24,19 @@ std::uint64_t ReserveSerials() {
 // Bounds the list of missing characters against texts of random bytes.
 constexpr std::size_t MostMissing = 256;
 
+bool InChain(const std::vector<report::FaceId>& chain, report::FaceId face) {
+    return std::find(chain.begin(), chain.end(), face) != chain.end();
+}
+
 } // namespace
 
-Shaper::Shaper(const FontBook& fonts)
-    : mFonts(fonts), mBuffer(hb_buffer_create()), mNextSerial(ReserveSerials()) {}
+Shaper::Shaper(FontBook& fonts) : mFonts(fonts), mBuffer(hb_buffer_create()), mNextSerial(ReserveSerials()) {}
 
-report::FaceId Shaper::FaceFor(const std::vector<report::FaceId>& chain, char32_t character) {
+report::FaceId Shaper::FaceFor(const StyleFaces& style, const std::vector<report::FaceId>& chain,
+                               char32_t character) {
     for (const report::FaceId face : chain)
         if (mFonts.Face(face).Has(character)) return face;
+    if (const auto other = mFonts.FaceWith(character, style.spec.bold)) return *other;
     if (!IsAttached(character) && mMissing.size() < MostMissing) mMissing.insert(character);
     return chain.back();
 }
@@ -63,8 +68,10 @@ void Shaper::ChooseFaces(const StyleFaces& style, std::size_t begin, std::size_t
     if (whole != chain.end()) return AddPart(*whole, mCharacters[begin].first, byteEnd);
     report::FaceId face = 0;
     for (std::size_t i = begin; i < end; ++i) {
-        const bool stays = i > begin && IsAttached(mCharacters[i].value);
-        if (!stays) face = FaceFor(chain, mCharacters[i].value);
+        const bool stays =
+            i > begin && (IsAttached(mCharacters[i].value) ||
+                          (!InChain(chain, face) && mFonts.Face(face).Has(mCharacters[i].value)));
+        if (!stays) face = FaceFor(style, chain, mCharacters[i].value);
         AddPart(face, mCharacters[i].first, i + 1 < end ? mCharacters[i + 1].first : byteEnd);
     }
 }
@@ -100,7 +107,8 @@ report::GlyphRun Shaper::ShapePart(const StyleFaces& style, const Stretch& stret
     hb_buffer_set_flags(buffer, HB_BUFFER_FLAG_REMOVE_DEFAULT_IGNORABLES);
     hb_buffer_set_direction(buffer, stretch.rightToLeft ? HB_DIRECTION_RTL : HB_DIRECTION_LTR);
     hb_buffer_guess_segment_properties(buffer);
-    hb_buffer_set_language(buffer, hb_language_from_string("ar", -1));
+    if (hb_buffer_get_script(buffer) == HB_SCRIPT_ARABIC)
+        hb_buffer_set_language(buffer, hb_language_from_string("ar", -1));
     hb_shape(face.Font(), buffer, nullptr, 0);
 
     unsigned count = 0;

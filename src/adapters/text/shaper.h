@@ -24,7 +24,7 @@ struct Stretch {
 
 class Shaper {
 public:
-    explicit Shaper(const FontBook& fonts);
+    explicit Shaper(FontBook& fonts);
 
     [[nodiscard]] std::shared_ptr<const report::ShapedWord> Shape(const StyleFaces& style,
                                                                   const Stretch& stretch);
@@ -46,14 +46,15 @@ private:
     bool SetFigures(const StyleFaces& style, report::ShapedWord& word) const;
     void Split(const StyleFaces& style, const Stretch& stretch);
     void ChooseFaces(const StyleFaces& style, std::size_t begin, std::size_t end, std::size_t byteEnd);
-    report::FaceId FaceFor(const std::vector<report::FaceId>& chain, char32_t character);
+    report::FaceId FaceFor(const StyleFaces& style, const std::vector<report::FaceId>& chain,
+                           char32_t character);
     void AddPart(report::FaceId face, std::size_t first, std::size_t end);
     report::GlyphRun ShapePart(const StyleFaces& style, const Stretch& stretch, const Part& part);
 
     struct BufferDeleter {
         void operator()(hb_buffer_t* buffer) const { hb_buffer_destroy(buffer); }
     };
-    const FontBook& mFonts;
+    FontBook& mFonts;
     std::unique_ptr<hb_buffer_t, BufferDeleter> mBuffer;
     std::vector<Character> mCharacters;
     std::vector<Part> mParts;
