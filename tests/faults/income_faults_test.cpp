@@ -83,6 +83,8 @@ protected:
         const Outcome clean = Run(0, FaultObserver::Reach::Once, Cancel, log);
         EXPECT_TRUE(clean.boxes.empty());
         EXPECT_EQ(Files().size(), 2U);
+        for (const auto& file : Files())
+            std::filesystem::remove(file);
         std::vector<std::string> calls;
         for (const std::string& line : log->Lines()) {
             if (!line.starts_with("member ")) calls.push_back(line);
@@ -120,6 +122,22 @@ protected:
         return last;
     }
 
+    /// Whether a call belongs to the font pass of the new report.
+    static bool InFontPass(const std::vector<std::string>& calls, std::size_t position) {
+        return position > LastOf(calls, "CrystalRuntime.Runtime.NewReport(") &&
+               position + 1 < LastOf(calls, "CrystalRuntime.Section.Height(");
+    }
+
+    /// Every call, but of the font pass, which does the same to hundreds of objects, only every seventh.
+    static std::vector<std::size_t> PositionsToFail(const std::vector<std::string>& calls) {
+        std::vector<std::size_t> positions;
+        for (std::size_t position = 1; position <= calls.size(); ++position) {
+            if (!InFontPass(calls, position) || position % 7 == 0) positions.push_back(position);
+        }
+        EXPECT_GT(positions.size(), 40U);
+        return positions;
+    }
+
     static constexpr BoxAnswer Cancel = BoxAnswer::Cancel;
     static constexpr BoxAnswer Retry = BoxAnswer::Retry;
 
@@ -129,28 +147,25 @@ private:
 
 TEST_P(RealIncomeFaults, Once) {
     const auto calls = CleanCalls();
-    ASSERT_GT(calls.size(), 20U);
-    for (const auto& file : Files())
-        std::filesystem::remove(file);
     const std::size_t lastPointer = LastOf(calls, "Screen.MousePointer(0)");
     const std::size_t restore = LastOf(calls, "Printer.SetOrientation(");
-    const std::size_t made = LastOf(calls, "CrystalRuntime.Runtime.NewReport(");
-    const std::size_t initialised = LastOf(calls, "CrystalRuntime.Section.Height(");
     for (const BoxAnswer answer : {Cancel, Retry}) {
-        for (std::size_t position = 1; position <= calls.size(); ++position) {
+        for (const std::size_t position : PositionsToFail(calls)) {
             SCOPED_TRACE(calls[position - 1] + (answer == Retry ? ", Retry" : ", Cancel"));
             const Outcome outcome = Run(position, FaultObserver::Reach::Once, answer);
             EXPECT_EQ(outcome.failed, 1U);
             ExpectWholeFilesOnly();
-            EXPECT_THAT(outcome.boxes, Each(Field(&fakes::ShownBox::style, 21)));
             if (position != lastPointer) {
                 EXPECT_EQ(outcome.pointer, Pointer::Default);
             }
             if (position != restore) {
                 EXPECT_EQ(outcome.orientation, OrientationPortrait);
             }
-            // The font pass of a new report passes its failures over; anything else says so.
-            if (position > made && position + 1 < initialised && outcome.boxes.empty()) continue;
+            // A format event may end its own failure; all else goes through a trap with Retry.
+            if (!calls[position - 1].starts_with("CrystalRuntime.Report.PrintingStatus")) {
+                EXPECT_THAT(outcome.boxes, Each(Field(&fakes::ShownBox::style, 21)));
+            }
+            if (InFontPass(calls, position) && outcome.boxes.empty()) continue; // passed over there
             if (answer == Cancel) {
                 EXPECT_THAT(outcome.boxes, SizeIs(1));
             } else {
@@ -162,9 +177,7 @@ TEST_P(RealIncomeFaults, Once) {
 
 TEST_P(RealIncomeFaults, FromThenOn) {
     const auto calls = CleanCalls();
-    for (const auto& file : Files())
-        std::filesystem::remove(file);
-    for (std::size_t position = 1; position <= calls.size(); ++position) {
+    for (const std::size_t position : PositionsToFail(calls)) {
         SCOPED_TRACE(calls[position - 1]);
         const Outcome outcome = Run(position, FaultObserver::Reach::FromThenOn, Retry);
         EXPECT_GE(outcome.failed, 1U);
