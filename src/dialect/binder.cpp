@@ -81,8 +81,10 @@ void Binder::BindSelect(Select& select, Scope* parent, Query& query) {
         BindClause(term.get(), scope, "GROUP BY", false);
     const int before = mAggregates;
     BindClause(select.having.get(), scope, "HAVING", true);
+    if (select.having && select.groupBy.empty() && !select.aggregated && mAggregates == before)
+        Raise(FailureNumber::SyntaxError, *select.having, "HAVING needs a GROUP BY or an aggregate");
     if (query.parts.size() == 1) BindOrder(query, select, scope);
-    select.aggregated = select.aggregated || mAggregates != before || select.having != nullptr;
+    select.aggregated = select.aggregated || mAggregates != before;
     CheckGrouping(select, query.parts.size() == 1 ? &query.order : nullptr, *mDiagnostics);
     if (select.distinct && query.parts.size() == 1) {
         for (const OrderTerm& term : query.order) {

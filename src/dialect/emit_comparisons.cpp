@@ -46,11 +46,6 @@ bool IsEquality(Operator op) {
     return op == Operator::Equal || op == Operator::NotEqual;
 }
 
-bool IsWholeOfDate(const Node& node) {
-    return node.type == NodeType::Call && node.builtin->form == Form::ToWhole &&
-           node.builtin->emitted == "qb_clng" && IsDateLike(*node.operands[0]);
-}
-
 } // namespace
 
 void Emitter::EmitCompare(const Node& node, Level level) {
@@ -107,7 +102,7 @@ void Emitter::EmitBetween(const Node& node, Level level) {
     const bool literal = first && second;
     if (literal && *first > *second) std::swap(low, high);
 
-    if (literal && IsWholeOfDate(value)) {
+    if (literal && ComparesDays(value, *low) && ComparesDays(value, *high)) {
         const Enclosed enclosed(*this, node.negated ? Not : And, level);
         if (node.negated) Put("NOT (");
         (void)EmitDayCompare(Operator::GreaterOrEqual, value, *low, Not);
@@ -167,7 +162,7 @@ void Emitter::EmitNumberOrValue(const Node& node, Level level) {
 
 void Emitter::EmitInList(const Node& node, Level level) {
     const Node& wanted = Meaning(*node.operands[0]);
-    if (IsDateLike(wanted) || IsWholeOfDate(wanted) || wanted.kind == ValueKind::Boolean) {
+    if (IsDateLike(wanted) || ComparesDays(wanted, *node.operands[1]) || wanted.kind == ValueKind::Boolean) {
         const Enclosed enclosed(*this, node.negated ? Not : Or, level);
         if (node.negated) Put("NOT (");
         for (std::size_t i = 1; i < node.operands.size(); ++i) {

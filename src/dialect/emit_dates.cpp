@@ -84,16 +84,20 @@ void Emitter::EmitDateCompare(Operator op, const Node& date, const Node& other, 
     }
 }
 
-// CLng(date) against a whole number: the moments that round to a day are a range, which ends in the middle
-// of a day and holds that end where the day is even.
+// Whether one side is CLng(date) and the other a whole number.
+bool Emitter::ComparesDays(const Node& call, const Node& other) {
+    const std::optional<double> day = LiteralNumber(other);
+    return call.type == NodeType::Call && call.builtin->form == Form::ToWhole &&
+           call.builtin->emitted == "qb_clng" && IsDateLike(*call.operands[0]) && day &&
+           *day == std::nearbyint(*day) && std::fabs(*day) <= FarthestDay;
+}
+
+// The moments that round to a day are a range, which ends in the middle of a day and holds that end where the
+// day is even.
 bool Emitter::EmitDayCompare(Operator op, const Node& call, const Node& other, Level level) {
-    const bool rounds = call.type == NodeType::Call && call.builtin->form == Form::ToWhole &&
-                        call.builtin->emitted == "qb_clng" && IsDateLike(*call.operands[0]);
-    const std::optional<double> literal = LiteralNumber(other);
-    if (!rounds || !literal || *literal != std::nearbyint(*literal) || std::fabs(*literal) > FarthestDay)
-        return false;
+    if (!ComparesDays(call, other)) return false;
     const Node& date = Meaning(*call.operands[0]);
-    const double day = *literal;
+    const double day = *LiteralNumber(other);
     switch (op) {
     case Operator::GreaterOrEqual:
     case Operator::Less: {

@@ -77,6 +77,7 @@ private:
     void EmitPlainCompare(Operator op, const Node& left, const Node& right, Level level);
     void EmitDateCompare(Operator op, const Node& date, const Node& other, Level level);
     [[nodiscard]] bool EmitDayCompare(Operator op, const Node& call, const Node& other, Level level);
+    [[nodiscard]] static bool ComparesDays(const Node& call, const Node& other);
     void EmitDayBound(const Node& date, double day, bool lower, bool inside);
     void EmitDateBound(const Node& bound, int side);
     void EmitBetween(const Node& node, Level level);
