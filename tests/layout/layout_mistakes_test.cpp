@@ -93,6 +93,8 @@ const Mistake Mistakes[] = {
     {"NumberWithoutFormat", "format = \"money\", ", "", "cafe.toml:5:3: a number needs a \"format\""},
     {"SumOfText", "field = \"details\",", "field = \"details\", sum = true,",
      "cafe.toml:4:30: only numbers have a sum or an average"},
+    {"HidesRepeatedBehindOthers", "field = \"details\",", "field = \"details\", hide_repeated = true,",
+     "cafe.toml:4:3: only the first columns can hide what repeats"},
     {"WrongKindOfValue", "width = 96", "width = \"wide\"",
      "cafe.toml:3:33: \"width\" must be a number, not a text"},
     {"WidthOutOfBounds", "width = 96", "width = 5000", "\"width\" must be a length in points, at most 2000"},

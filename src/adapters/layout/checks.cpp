@@ -12,9 +12,6 @@ using report::Object;
 using report::ObjectType;
 using report::Twips;
 
-/// Half a point: a tint may lap over the hairline above it.
-constexpr Twips Lap = 10;
-
 bool TakesRoom(const Object& object) {
     const bool isShape = object.type == ObjectType::Line || object.type == ObjectType::Box;
     return !isShape && object.follows.empty() && object.width > 0 && object.height > 0;
@@ -35,7 +32,7 @@ void CheckEdges(const Placed& placed, const BuiltSection& section, const Worksho
     if (object.width < 0 || object.height < 0)
         shop.mistakes.Add(placed.place, Quoted(object.name) + " has a size below 0");
     const bool measuredFromBottom = object.type == ObjectType::Line && object.atBottom;
-    if (!measuredFromBottom && (object.top < -Lap || object.top + object.height > section.section.height))
+    if (!measuredFromBottom && (object.top < 0 || object.top + object.height > section.section.height))
         shop.mistakes.Add(placed.place, Quoted(object.name) + " reaches out of its section " +
                                             Quoted(section.section.name));
 }

@@ -135,6 +135,11 @@ Columns ReadColumns(const Node& list, const Node& metrics, const Workshop& shop)
         shop.mistakes.Add(list.place, "a table needs at least one column");
         return table;
     }
+    for (std::size_t i = 1; i < table.columns.size(); ++i)
+        if (table.columns[i].hideRepeated && !table.columns[i - 1].hideRepeated)
+            shop.mistakes.Add(
+                table.columns[i].place,
+                "only the first columns can hide what repeats: the line between rows begins behind them");
     if (!tierStarts.empty() && tierStarts.front() != 0)
         shop.mistakes.Add(table.columns.front().place, "where some columns have a tier, all must have one");
     for (std::size_t i = 0; i < tierStarts.size(); ++i) {

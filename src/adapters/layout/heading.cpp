@@ -67,9 +67,7 @@ public:
     Band Build(const Node& form) {
         TableReader reader(form, "a heading form", mShop.mistakes);
         Twips baseline = 0;
-        if (const Node* lines = reader.Child("lines", NodeKind::List))
-            for (const Node& item : lines->items)
-                AddLine(ReadLine(item, mShop), baseline);
+        if (const Node* lines = reader.Child("lines", NodeKind::List)) AddLines(*lines, baseline);
         const Stroke stroke = mShop.styles.Line(reader.Text("stroke", "strong"), reader.PlaceOf("stroke"));
         const Twips rule = baseline + reader.Length("rule", 8);
         mBand.objects.push_back(LineAcross(mLater ? "later heading rule" : "heading rule", stroke,
@@ -80,11 +78,21 @@ public:
     }
 
 private:
-    void AddLine(const FormLine& line, Twips& baseline) {
-        const bool filled = mWords.slots.contains(line.slot);
-        const bool leftFilled = !line.left.empty() && mWords.slots.contains(line.left);
-        if (!filled && !leftFilled) return;
-        baseline += line.step;
+    /// The first line that is filled stands where the form's first line would.
+    void AddLines(const Node& lines, Twips& baseline) {
+        Twips top = 0;
+        for (const Node& item : lines.items) {
+            const FormLine line = ReadLine(item, mShop);
+            if (top == 0) top = line.step;
+            const bool filled = mWords.slots.contains(line.slot);
+            const bool leftFilled = !line.left.empty() && mWords.slots.contains(line.left);
+            if (!filled && !leftFilled) continue;
+            baseline = baseline == 0 ? top : baseline + line.step;
+            AddLine(line, filled, leftFilled, baseline);
+        }
+    }
+
+    void AddLine(const FormLine& line, bool filled, bool leftFilled, Twips baseline) {
         const Twips content = mShop.Content();
         // Two texts on one line share it; the title has more to say.
         const Twips leftWidth = leftFilled ? content * 3 / 10 : 0;

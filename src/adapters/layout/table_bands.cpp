@@ -68,6 +68,27 @@ void AddTiers(const Table& table, Band& band) {
     }
 }
 
+/// Hairlines between rows. They leave out key columns, each of which is one strip of tint from its caption
+/// to its total.
+void AddRowLines(const Table& table, Band& band) {
+    Span rest = table.Whole();
+    const auto add = [&](Span span) {
+        Placed line = LineAcross("row line", table.style.hairline, span, 0, table.columns.place);
+        line.object.when = report::LineWhen::BetweenRows;
+        line.object.atBottom = true;
+        line.object.yieldsToRepeated =
+            span.right == table.shop.margin && table.columns.Any(&Column::hideRepeated);
+        if (span.width > 0) band.objects.push_back(line);
+    };
+    for (const Column& column : table.columns.columns) {
+        if (!column.key) continue;
+        add({rest.right, column.span.right - rest.right});
+        const report::Twips end = column.span.right + column.span.width;
+        rest = {end, rest.right + rest.width - end};
+    }
+    add(rest);
+}
+
 } // namespace
 
 Band CaptionBand(const Table& table) {
@@ -93,20 +114,14 @@ Band RowBand(const Table& table) {
     Band band;
     band.kind = report::SectionKind::Details;
     band.height = table.style.row.height;
-    Placed line = LineAcross("row line", table.style.hairline, table.Whole(), 0, table.columns.place);
-    line.object.when = report::LineWhen::BetweenRows;
-    line.object.atBottom = true;
-    line.object.yieldsToRepeated = table.columns.Any(&Column::hideRepeated);
-    band.objects.push_back(line);
-    // A key column is one strip of tint from its caption to its total: it laps over the line above.
-    const report::Twips lap = (table.style.hairline.thickness / 2 + 4) / 5;
     for (const Column& column : table.columns.columns) {
         if (!column.key) continue;
-        Placed box = TintedBox(column.name + " box", table.style.lightTint, column.span, -lap,
-                               band.height + lap, column.place);
+        Placed box =
+            TintedBox(column.name + " box", table.style.lightTint, column.span, 0, band.height, column.place);
         box.object.fullHeight = true;
         band.objects.push_back(box);
     }
+    AddRowLines(table, band);
     for (const Column& column : table.columns.columns)
         band.objects.push_back(Cell(table, column));
     return band;
@@ -135,7 +150,9 @@ Band GroupHeadBand(const Table& table, const std::string& text, const std::strin
     Dress(again.object, table.style.note);
     band.objects.push_back(heading);
     if (!continued.empty()) band.objects.push_back(again);
-    band.objects.push_back(LineAcross(name + " line", table.style.thin, table.Whole(), band.height, place));
+    // A point above the rows, so that the tint of a key column leaves it whole.
+    band.objects.push_back(
+        LineAcross(name + " line", table.style.thin, table.Whole(), band.height - TwipsOf(1), place));
     return band;
 }
 
