@@ -103,6 +103,9 @@ TEST_F(HostHandle, TheHostsTemporaryTablesAreTables) {
     mHost.Run("CREATE TEMP TABLE scratch(d DATETIME, n INT); INSERT INTO scratch VALUES(37787, 1)");
     const auto database = WrapSqliteHandle(mHost.Handle());
     EXPECT_EQ(RowsText(database->OpenRecordset("SELECT d, n FROM scratch")), "#37787#|1\n");
+    mHost.Run("CREATE TEMP TABLE later(n INT); DROP TABLE scratch");
+    EXPECT_EQ(RowsText(database->OpenRecordset("SELECT n FROM later")), "");
+    EXPECT_THROW(static_cast<void>(database->OpenRecordset("SELECT n FROM scratch")), Failure);
 }
 
 TEST_F(HostHandle, ABusyHandleFailsAtOnceWithItsOwnWords) {

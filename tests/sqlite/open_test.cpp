@@ -176,6 +176,31 @@ TEST_F(Open, AWalFileInAFolderThatTakesNoFilesIsRead) {
     EXPECT_EQ(RowsText(OpenFile(folder / "x ?#.db")->OpenRecordset("SELECT id FROM host_src")), "1\n");
 }
 
+TEST_F(Open, AFileReadAsUnchangingIsGivenUpWhenItChanges) {
+    const TempFolder folder;
+    const auto file = folder / "x.db";
+    MakeFile(file, std::string("PRAGMA journal_mode=wal;") + SmallSchema);
+    ::chmod(folder.Path().c_str(), 0555);
+    Ref<DAO::Database> database;
+    {
+        const OrdinaryUser user;
+        database = OpenFile(file);
+        EXPECT_EQ(RowsText(database->OpenRecordset("SELECT id FROM host_src")), "1\n");
+    }
+    const auto refused = [&] {
+        return FailureOf(FailureNumber::FileAccess,
+                         [&] { return database->OpenRecordset("SELECT id FROM host_src"); });
+    };
+    ::chmod(folder.Path().c_str(), 0755);
+    {
+        Outsider writer(file);
+        writer.Run("INSERT INTO host_src VALUES(2, 'x')");
+        EXPECT_NE(refused().find("writes"), std::string::npos) << "while the entry is in the log";
+    }
+    EXPECT_NE(refused(), "") << "after the entry has come into the file";
+    EXPECT_EQ(RowsText(OpenFile(file)->OpenRecordset("SELECT id FROM host_src")), "1\n2\n");
+}
+
 TEST_F(Open, AWalFileWithWaitingEntriesInAClosedFolderIsToldSo) {
     const TempFolder folder;
     {

@@ -263,6 +263,18 @@ TEST_F(Queries, TextComparesWithoutCase) {
     EXPECT_EQ(Rows("SELECT name FROM members ORDER BY name DESC"), "Peter\nأحمد\nnull\n");
 }
 
+TEST_F(Queries, AFailureInAFunctionKeepsItsNumber) {
+    EXPECT_NE(FailureOf(FailureNumber::TypeMismatch, [&] { Open("SELECT CLng(name) FROM members"); }), "");
+    EXPECT_NE(
+        FailureOf(FailureNumber::Overflow, [&] { Open("SELECT CLng(id * 3000000000.0) FROM members"); }), "");
+    EXPECT_EQ(Rows("SELECT id FROM members WHERE id = 1"), "1\n");
+}
+
+TEST_F(Queries, FirstAndLastFollowTheTable) {
+    EXPECT_EQ(Rows("SELECT First(name), Last(id) FROM members"), "أحمد|3\n");
+    EXPECT_EQ(Rows("SELECT First(name), Last(id) FROM members WHERE id > 7"), "null|null\n");
+}
+
 TEST_F(Queries, NowIsOneMomentOfTheClockPort) {
     mPlatform.clock->now = 45000.25;
     EXPECT_EQ(Rows("SELECT Now() FROM members"), "#45000.25#\n#45000.25#\n#45000.25#\n");

@@ -13,7 +13,7 @@ namespace qbrpt::database {
 struct RowStoreOptions {
     /// Bytes of rows that may lie in memory. Beyond them all rows go to a file and memory holds one
     /// block and the index, so that a million rows need hardly more of it than a hundred thousand.
-    std::size_t memoryLimit = std::size_t{16} << 20U;
+    std::size_t memoryLimit = std::size_t{8} << 20U;
     /// Bytes of rows that are written and read back together.
     std::size_t blockSize = std::size_t{64} << 10U;
     /// Where the file lies; see SpillFile.

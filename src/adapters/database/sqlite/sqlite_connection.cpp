@@ -22,13 +22,14 @@ int LookAtCancelFlag(void*) {
 } // namespace
 
 SqliteConnection::SqliteConnection(SqliteHandle handle)
-    : mOwn(std::move(handle)), mHandle(mOwn.get()), mSchema(mHandle) {
+    : mOwn(std::move(handle)), mHandle(mOwn.get()), mSchema(mHandle), mFile(mHandle) {
     RegisterFunctions(mHandle);
     // A host may have a handler of its own, which could not be put back: its handle is left alone.
     sqlite3_progress_handler(mHandle, StepsBetweenLooks, LookAtCancelFlag, nullptr);
 }
 
-SqliteConnection::SqliteConnection(sqlite3* hostHandle) : mHandle(hostHandle), mSchema(hostHandle) {
+SqliteConnection::SqliteConnection(sqlite3* hostHandle)
+    : mHandle(hostHandle), mSchema(hostHandle), mFile(hostHandle) {
     RegisterFunctions(mHandle);
 }
 
@@ -62,6 +63,7 @@ std::int64_t SqliteConnection::RowsWritten() {
 // One SELECT alone is one state already; a transaction makes the look at the tables part of it. On a host's
 // handle transactions are the host's business.
 void SqliteConnection::BeginReading() {
+    mFile.Check();
     if (mOwn == nullptr || sqlite3_get_autocommit(mHandle) == 0) return;
     SqliteStatement(mHandle, "BEGIN", "").Run();
     mReading = true;

@@ -3,6 +3,7 @@
 
 #include "adapters/database/driver.h"
 #include "adapters/database/sqlite/sqlite_schema.h"
+#include "adapters/database/sqlite/unchanging_file.h"
 
 #include <sqlite3.h>
 
@@ -37,6 +38,7 @@ private:
     SqliteHandle mOwn;
     sqlite3* mHandle;
     SqliteSchema mSchema;
+    UnchangingFile mFile;
     bool mReading = false; ///< inside a transaction that BeginReading began
 };
 

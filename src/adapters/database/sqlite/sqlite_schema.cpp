@@ -48,14 +48,21 @@ ValueKind KindOfDeclaration(std::string_view declaration) {
     return ValueKind::Null;
 }
 
+SqliteSchema::Versions SqliteSchema::ReadVersions() const {
+    const auto ask = [this](const char* pragma) {
+        SqliteStatement statement(mHandle, pragma, "");
+        RowView row;
+        return statement.Step(row) ? row[0].whole : 0;
+    };
+    return {ask("PRAGMA main.schema_version"), ask("PRAGMA temp.schema_version")};
+}
+
 void SqliteSchema::BeginStatement() {
-    SqliteStatement statement(mHandle, "PRAGMA main.schema_version", "");
-    RowView row;
-    const long long version = statement.Step(row) ? row[0].whole : 0;
-    if (version != mVersion) {
+    const Versions versions = ReadVersions();
+    if (versions != mVersions) {
         mTables.clear();
         ReadTables();
-        mVersion = version;
+        mVersions = versions;
     }
     for (auto& [name, entry] : mTables)
         entry.asked = false;

@@ -5,9 +5,12 @@
 
 #include <sqlite3.h>
 
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace qbrpt::database {
@@ -41,13 +44,16 @@ private:
         std::string problem;  ///< why the columns cannot be read: a view over something that is gone
     };
 
+    using Versions = std::pair<std::int64_t, std::int64_t>; ///< of the lasting and the temporary tables
+
+    [[nodiscard]] Versions ReadVersions() const;
     void ReadTables() const;
     void ReadColumns(Entry& entry) const;
     void CheckDates(Entry& entry) const;
 
     sqlite3* mHandle;
     mutable std::map<std::string, Entry, std::less<>> mTables; ///< by folded name
-    long long mVersion = -1;
+    Versions mVersions{-1, -1};
 };
 
 } // namespace qbrpt::database
