@@ -24,6 +24,10 @@ frmPrntServer& frmPrntServer::Instance() {
     return *instance;
 }
 
+bool frmPrntServer::Exists() {
+    return TheInstance() != nullptr;
+}
+
 void frmPrntServer::Drop() {
     TheInstance().reset();
 }

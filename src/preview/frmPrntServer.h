@@ -10,6 +10,8 @@ class frmPrntServer {
 public:
     /// The instance; created where there is none.
     [[nodiscard]] static frmPrntServer& Instance();
+    /// Whether a report's window is there.
+    [[nodiscard]] static bool Exists();
     /// Drops the instance, so that the next report gets a new window.
     static void Drop();
 

@@ -43,6 +43,30 @@ TEST_F(ReportRunTest, EmptiesTheCallersReferenceAndKeepsTheRows) {
     EXPECT_THAT(platform.screen->pointers, ElementsAre(Pointer::Wait, Pointer::Default));
 }
 
+TEST_F(ReportRunTest, ReportAndWindowAreGoneBeforeThePointerIsSetBack) {
+    class LastPointer final : public PortObserver {
+    public:
+        explicit LastPointer(const fakes::ReportRecord& record) : mRecord(record) {}
+        bool reportAlive = true;
+        bool window = true;
+
+    private:
+        void Called(const PortCall& call) override {
+            if (call.operation != "MousePointer") return;
+            reportAlive = mRecord.alive;
+            window = frmPrntServer::Exists();
+        }
+        const fakes::ReportRecord& mRecord;
+    };
+    platform.viewer->whileOpen = [] { EXPECT_TRUE(frmPrntServer::Exists()); };
+    const auto last = std::make_shared<LastPointer>(Made());
+    fakes::FakePlatform::Observe(last);
+    RunReport(report, records, true, true, title);
+    EXPECT_EQ(platform.viewer->views, 1);
+    EXPECT_FALSE(last->reportAlive);
+    EXPECT_FALSE(last->window);
+}
+
 TEST_F(ReportRunTest, BindsNothingUnlessAsked) {
     RunReport(report, records, false, false, title);
     EXPECT_EQ(Made().dataTag, std::nullopt);

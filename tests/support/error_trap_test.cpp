@@ -185,6 +185,14 @@ TEST_F(ErrorTrapTest, AStatementBehindTheTrapThatFailsDoesNotKeepTheOthersFromRu
     EXPECT_THAT(platform.messages->Texts(), ElementsAre("first", "always"));
 }
 
+TEST_F(ErrorTrapTest, RetryBehindTheTrapDoesNotTakeTheRoutineUpAgain) {
+    platform.messages->answers = {Cancel, Retry};
+    ErrorTrap trap(ErrorTrap::BoxWithRetry);
+    trap.Step([] { Fail("first"); });
+    trap.Always([] { Fail("always"); });
+    EXPECT_TRUE(trap.Left());
+}
+
 class FailingBoxes final : public MessageBoxes {
 public:
     int asked = 0;
