@@ -31,7 +31,9 @@ void RunOwnedReport(Ref<ReportTemplate> report, const Ref<DAO::Recordset>& recor
 template <class Template>
 void RunReport(Ref<Template>& report, const Ref<DAO::Recordset>& records, bool bSetData, bool bShow,
                const MainTitle& title) {
-    RunOwnedReport(std::exchange(report, nullptr), records, bSetData, bShow, title);
+    Ref<ReportTemplate> owned = report;
+    report.Clear();
+    RunOwnedReport(std::move(owned), records, bSetData, bShow, title);
 }
 
 /// The date number of a work identifier, 0 for one that is not in `host_log_time`. Has no trap: a failure
