@@ -30,7 +30,7 @@ std::uint64_t KeyOf(const Code& code) {
 
 bool CodeTable::HasRoomFor(std::size_t count) const {
     // A run may cross pages of 256 codes; whole pages are skipped too where their first byte is one.
-    const std::size_t worst = count + (count / 128 + 2) * SkippedPerPage + 2 * 256;
+    const std::size_t worst = count + (count / 128 + 2) * SkippedPerPage + std::size_t{2} * 256;
     return mCodes.size() + worst <= HighestCode;
 }
 

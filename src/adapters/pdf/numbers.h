@@ -1,6 +1,7 @@
 // Numbers as a PDF file spells them.
 #pragma once
 
+#include <array>
 #include <charconv>
 #include <cstdint>
 #include <string>
@@ -8,9 +9,9 @@
 namespace qbrpt::pdf {
 
 inline void AppendInteger(std::string& text, std::int64_t value) {
-    char digits[20];
-    const auto end = std::to_chars(digits, digits + sizeof digits, value).ptr;
-    text.append(digits, end);
+    std::array<char, 20> digits; // as many as the longest number has
+    char* end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    text.append(digits.data(), end);
 }
 
 /// `value` / 10^decimals, without trailing zeros: 2835 with 1 is "283.5".

@@ -10,7 +10,7 @@ namespace qbrpt::pdf {
 
 namespace {
 
-constexpr std::size_t FlushSize = 64 * 1024;
+constexpr std::size_t FlushSize = 65536;
 constexpr unsigned OffsetBytes = 5; // files up to a tebibyte
 
 void AppendBigEndian(std::string& bytes, std::uint64_t value, unsigned count) {
