@@ -78,7 +78,7 @@ void Binder::BindSelect(Select& select, Scope* parent, Query& query) {
                                     [](const SelectItem& item) { return item.aggregated; });
     BindClause(select.where.get(), scope, "WHERE", false);
     for (const NodePtr& term : select.groupBy)
-        BindClause(term.get(), scope, "GROUP BY", false);
+        BindOwnClause(term.get(), scope, "GROUP BY", false);
     const int before = mAggregates;
     BindClause(select.having.get(), scope, "HAVING", true);
     if (select.having && select.groupBy.empty() && !select.aggregated && mAggregates == before)
@@ -120,6 +120,13 @@ void Binder::BindClause(Node* expression, Scope& scope, const char* clause, bool
     BindNode(*expression, &own);
 }
 
+// GROUP BY and ORDER BY look at the rows of their own SELECT only.
+void Binder::BindOwnClause(Node* expression, Scope& scope, const char* clause, bool aggregates) {
+    Scope own = scope;
+    own.parent = nullptr;
+    BindClause(expression, own, clause, aggregates);
+}
+
 bool Binder::BindOrderByNumber(OrderTerm& term, std::size_t count) {
     if (term.expression->type != NodeType::Whole) return false;
     const std::int64_t number = term.expression->whole;
@@ -132,7 +139,7 @@ bool Binder::BindOrderByNumber(OrderTerm& term, std::size_t count) {
 void Binder::BindOrder(Query& query, Select& select, Scope& scope) {
     for (OrderTerm& term : query.order) {
         if (BindOrderByNumber(term, select.items.size())) continue;
-        BindClause(term.expression.get(), scope, "ORDER BY", select.aggregated || !select.groupBy.empty());
+        BindOwnClause(term.expression.get(), scope, "ORDER BY", select.aggregated || !select.groupBy.empty());
         const Node& wanted = Meaning(*term.expression);
         for (std::size_t i = 0; i < select.items.size() && !term.item; ++i) {
             if (SameExpression(wanted, *select.items[i].expression)) term.item = i;

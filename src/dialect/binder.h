@@ -44,9 +44,11 @@ private:
     void BindAssignments(Statement& statement);
     void CheckAliases(const Select& select);
     void BindJoins(JoinNode& join, Scope& scope);
+    void CheckJoinCondition(const JoinNode& join, const Select& select) const;
     void ExpandStars(Select& select);
     void BindItem(Select& select, std::size_t index, Scope& scope);
     void BindClause(Node* expression, Scope& scope, const char* clause, bool aggregates);
+    void BindOwnClause(Node* expression, Scope& scope, const char* clause, bool aggregates);
     void BindOrder(Query& query, Select& select, Scope& scope);
     void BindUnionOrder(Query& query);
     [[nodiscard]] bool BindOrderByNumber(OrderTerm& term, std::size_t count);

@@ -1,5 +1,7 @@
 // Tables, saved queries and sub-selects behind FROM, and the targets of statements that write.
 #include "dialect/binder.h"
+#include "dialect/grouping.h"
+#include "dialect/joins.h"
 #include "dialect/kinds.h"
 #include "dialect/parser.h"
 #include "dialect/parser_limits.h"
@@ -88,6 +90,20 @@ void Binder::BindJoins(JoinNode& join, Scope& scope) {
     Scope own = scope;
     own.aliases = false;
     BindClause(join.condition.get(), own, "ON", false);
+    if (join.condition) CheckJoinCondition(join, *scope.select);
+}
+
+void Binder::CheckJoinCondition(const JoinNode& join, const Select& select) const {
+    const std::vector<const Source*> joined = SourcesOf(join);
+    VisitNodes(*join.condition, [&](const Node& node) {
+        const Source* source = node.binding.source;
+        const bool own = std::any_of(select.sources.begin(), select.sources.end(),
+                                     [source](const auto& entry) { return entry.get() == source; });
+        if (own && std::find(joined.begin(), joined.end(), source) == joined.end())
+            Raise(FailureNumber::SyntaxError, node,
+                  "\"" + source->alias + "\" has no part in this join; name it in WHERE");
+        return true;
+    });
 }
 
 void Binder::ExpandStars(Select& select) {

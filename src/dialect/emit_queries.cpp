@@ -56,13 +56,18 @@ void Emitter::EmitUnion(const Query& query, Naming naming) {
         first = false;
         Put(std::to_string(*term.item + 1));
         const ValueKind kind = query.columns[*term.item].kind;
-        if (kind == ValueKind::Boolean) { // true comes first, as 1 here
-            Put(term.descending ? " ASC NULLS LAST" : " DESC NULLS FIRST");
+        if (kind == ValueKind::Boolean) {
+            PutBooleanOrder(term);
             continue;
         }
         if (MayBeText(kind)) Put(" COLLATE QBRPT");
         if (term.descending) Put(" DESC");
     }
+}
+
+// True comes first; a column of the result shows it as 1.
+void Emitter::PutBooleanOrder(const OrderTerm& term) {
+    Put(term.descending ? " ASC NULLS LAST" : " DESC NULLS FIRST");
 }
 
 // TOP n takes n rows, and those that are equal to the last of them in all that ORDER BY looks at.

@@ -44,6 +44,7 @@ private:
     // Queries.
     void EmitQuery(const Query& query, Naming naming);
     void EmitUnion(const Query& query, Naming naming);
+    void PutBooleanOrder(const OrderTerm& term);
     void EmitTop(const Query& query, Naming naming);
     void EmitTopKeys(const Query& query, bool beside);
     void EmitSelect(const Select& select, const Query& query, Naming naming, bool combined);

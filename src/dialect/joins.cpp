@@ -41,8 +41,7 @@ void CollectSources(const JoinNode& join, std::vector<const Source*>& sources) {
 
 bool Mentions(const Node* condition, const JoinNode& join) {
     if (condition == nullptr) return false;
-    std::vector<const Source*> sources;
-    CollectSources(join, sources);
+    const std::vector<const Source*> sources = SourcesOf(join);
     bool found = false;
     VisitNodes(*condition, [&](const Node& node) {
         const Source* source = Meaning(node).binding.source;
@@ -53,8 +52,7 @@ bool Mentions(const Node* condition, const JoinNode& join) {
 }
 
 bool RejectsAny(const std::vector<const Node*>& conjuncts, const JoinNode& join) {
-    std::vector<const Source*> sources;
-    CollectSources(join, sources);
+    const std::vector<const Source*> sources = SourcesOf(join);
     return std::any_of(conjuncts.begin(), conjuncts.end(), [&sources](const Node* conjunct) {
         return std::any_of(sources.begin(), sources.end(),
                            [conjunct](const Source* source) { return RejectsNulls(*conjunct, *source); });
@@ -138,6 +136,12 @@ void LeanLeft(JoinNode& join) {
 }
 
 } // namespace
+
+std::vector<const Source*> SourcesOf(const JoinNode& join) {
+    std::vector<const Source*> sources;
+    CollectSources(join, sources);
+    return sources;
+}
 
 std::vector<const Node*> Conjuncts(const Node* condition) {
     std::vector<const Node*> found;

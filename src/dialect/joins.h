@@ -11,6 +11,9 @@ namespace qbrpt::dialect {
 /// join first.
 void RewriteJoins(Select& select);
 
+/// The tables under a join, from left to right.
+[[nodiscard]] std::vector<const Source*> SourcesOf(const JoinNode& join);
+
 /// The parts of a condition that must all be true.
 [[nodiscard]] std::vector<const Node*> Conjuncts(const Node* condition);
 

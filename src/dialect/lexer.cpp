@@ -38,6 +38,9 @@ Lexer::Lexer(std::string_view statement, const Diagnostics& diagnostics)
                       "The statement is longer than 1 MB (" + std::to_string(statement.size()) +
                           " bytes). Shorten it, or use a join in place of a list.");
     }
+    if (const std::size_t nul = statement.find('\0'); nul != std::string_view::npos)
+        mDiagnostics.Raise(FailureNumber::SyntaxError, nul, statement.substr(nul, 1),
+                           "A statement can't hold this character");
     for (std::size_t at = 0; at < statement.size();) {
         const std::size_t start = at;
         if (NextCharacter(statement, at) == ReplacementCharacter && at == start + 1)
