@@ -14,7 +14,8 @@ namespace qbrpt::database {
 
 namespace {
 
-constexpr std::size_t TableSize = 0x660; // up to the end of the Arabic letters
+constexpr std::size_t TableSize =
+    0x680; // all characters that RankAt looks up, to the end of the lead byte D9
 
 // Some characters count as several letters (an alef with madda as two alefs); a table of one rank each has no
 // place for them.
