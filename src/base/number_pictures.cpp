@@ -65,7 +65,7 @@ private:
         case '#':
             return ReadPlace(c == '0');
         case ',':
-            if (!mSection.hasPoint && mSection.wholePlaces > 0) ++mCommas;
+            if (mSection.wholePlaces + mSection.fractionPlaces > 0) ++mCommas;
             return;
         case '.':
             if (mSection.hasPoint) return Literal(".");
@@ -91,6 +91,7 @@ private:
 
     void ReadPlace(bool zero) {
         if (mSection.hasPoint) {
+            mCommas = 0; // there is nothing to group behind the point
             ++mSection.fractionPlaces;
             if (zero) mSection.fractionMinimum = mSection.fractionPlaces;
             mSection.pieces.push_back({Part::Fraction, zero, {}});
