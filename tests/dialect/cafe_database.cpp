@@ -2,8 +2,8 @@
 
 namespace qbrpt::dialect {
 
-void FillCafe(SmallDatabase& database) {
-    database.Native(R"(
+const char* CafeScript() {
+    return R"(
 CREATE TABLE host_log_time (id INTEGER PRIMARY KEY, use_date DATETIME);
 INSERT INTO host_log_time VALUES (1, 37780), (2, 37781.5), (3, 37782), (4, 37783), (5, NULL);
 
@@ -88,13 +88,21 @@ CREATE TABLE account_log (acc_from INTEGER, acc_to INTEGER, amount REAL, trans_d
 INSERT INTO account_log VALUES
   (0, 1, 100.5, 37780.416666666664, 'اليوم'), (1, 2, 40, 37781.75, NULL), (2, 3, 10, 37782.5, ''),
   (3, 2, 4, 37783.5, 'back'), (0, 77, 8, 37784, 'to nobody');
-)");
-    database.Save("users_income2", "PARAMETERS d1 Long, d2 Long;\r\n"
-                                   "SELECT u.id, h.use_date, u.user_name, Sum(l.use_time) AS total\r\n"
-                                   "FROM (local_log AS l INNER JOIN users AS u ON l.user_id = u.id)\r\n"
-                                   "INNER JOIN host_log_time AS h ON l.work_id = h.id\r\n"
-                                   "WHERE [d1] Is Null Or l.work_id Between [d1] And [d2]\r\n"
-                                   "GROUP BY u.id, h.use_date, u.user_name ORDER BY h.use_date;");
+)";
+}
+
+const char* SupervisorsQuery() {
+    return "PARAMETERS d1 Long, d2 Long;\r\n"
+           "SELECT u.id, h.use_date, u.user_name, Sum(l.use_time) AS total\r\n"
+           "FROM (local_log AS l INNER JOIN users AS u ON l.user_id = u.id)\r\n"
+           "INNER JOIN host_log_time AS h ON l.work_id = h.id\r\n"
+           "WHERE [d1] Is Null Or l.work_id Between [d1] And [d2]\r\n"
+           "GROUP BY u.id, h.use_date, u.user_name ORDER BY h.use_date;";
+}
+
+void FillCafe(SmallDatabase& database) {
+    database.Native(CafeScript());
+    database.Save("users_income2", SupervisorsQuery());
 }
 
 } // namespace qbrpt::dialect

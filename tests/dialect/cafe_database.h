@@ -6,6 +6,11 @@
 
 namespace qbrpt::dialect {
 
+/// Tables and rows, in the engine's own SQL.
+[[nodiscard]] const char* CafeScript();
+/// The text of the saved query "users_income2".
+[[nodiscard]] const char* SupervisorsQuery();
+
 void FillCafe(SmallDatabase& database);
 
 } // namespace qbrpt::dialect

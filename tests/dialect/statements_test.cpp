@@ -1,6 +1,7 @@
 // The system's own statements, as its commands build them, each in all its variants, against rows that were
 // worked out by hand.
 #include "dialect/cafe_database.h"
+#include "dialect/real_cafe.h"
 
 #include <gtest/gtest.h>
 
@@ -18,16 +19,24 @@ struct Statement {
 
 class SystemStatements : public testing::TestWithParam<Statement> {};
 
-TEST_P(SystemStatements, GiveTheirRows) {
-    SmallDatabase database;
-    FillCafe(database);
-    Lines rows = database.Rows(GetParam().text);
-    Lines wanted = GetParam().rows;
-    if (!GetParam().sorted) {
+void ExpectRows(Lines rows, const Statement& statement) {
+    Lines wanted = statement.rows;
+    if (!statement.sorted) {
         std::sort(rows.begin(), rows.end());
         std::sort(wanted.begin(), wanted.end());
     }
     EXPECT_EQ(rows, wanted);
+}
+
+TEST_P(SystemStatements, GiveTheirRows) {
+    SmallDatabase database;
+    FillCafe(database);
+    ExpectRows(database.Rows(GetParam().text), GetParam());
+}
+
+TEST_P(SystemStatements, GiveTheirRowsThroughTheAdapter) {
+    RealCafe cafe;
+    ExpectRows(RealCafe::Rows(cafe.Database().OpenRecordset(GetParam().text)), GetParam());
 }
 
 std::string StatementName(const testing::TestParamInfo<Statement>& info) {
@@ -479,6 +488,14 @@ TEST(SystemStatement, AJournalEntryIsStoredAtItsMillisecond) {
               1);
     EXPECT_EQ(database.Rows("SELECT * FROM account_log WHERE amount = 12.5"),
               Lines{"1|3|12.5|37787.416666666664|نقل"});
+}
+
+TEST(SystemStatement, SavedQueryRunsThroughTheAdapter) {
+    RealCafe cafe;
+    const Ref<DAO::QueryDef> query = cafe.Database().QueryDefs("USERS_INCOME2");
+    query->SetParameter(0, std::int64_t{1});
+    query->SetParameter(1, std::int64_t{2});
+    EXPECT_EQ(RealCafe::Rows(query->OpenRecordset()), (Lines{"1|37780|سعيد|150", "1|37781.5|سعيد|10"}));
 }
 
 TEST(SystemStatement, SavedQueryTakesItsPeriodOrNone) {
