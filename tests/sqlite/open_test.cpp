@@ -9,6 +9,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <ostream>
+
 namespace qbrpt {
 namespace {
 
@@ -33,6 +35,7 @@ struct BadFile {
     const char* name;
     std::string content;
     const char* word; ///< in the description
+    friend void PrintTo(const BadFile& file, std::ostream* out) { *out << file.name; }
 };
 
 class BadFiles : public testing::TestWithParam<BadFile> {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <random>
 #include <string>
 
@@ -14,6 +15,7 @@ struct OrderRow {
     const char* a;
     const char* b;
     int wanted;
+    friend void PrintTo(const OrderRow& row, std::ostream* out) { *out << row.name; }
 };
 
 class TextOrderRows : public testing::TestWithParam<OrderRow> {};
