@@ -55,8 +55,7 @@ TEST_F(WriterTest, IsWellFormed) {
     maker.Picture(picture, 500, 3000);
     const std::string pdf = PdfOf(engine, {maker.page, TextPage("علي")}, {"عنوان", 45000});
     EXPECT_THAT(Look(pdf, {"qpdf", "--check", "{}"}), HasSubstr("No syntax or stream encoding errors found"));
-    EXPECT_EQ(Look(pdf, {"pdftoppm", "-r", "30", "-png", "{}", "/dev/null"}).find("Error"),
-              std::string::npos);
+    EXPECT_THAT(Look(pdf, {"pdftoppm", "-r", "20", "{}"}), testing::StartsWith("P6")) << "a picture";
 }
 
 TEST_F(WriterTest, SamePagesSameBytes) {

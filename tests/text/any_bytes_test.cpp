@@ -1,5 +1,6 @@
 // Whatever bytes a database holds, text is laid out, ends, and keeps within its width.
 #include "base/utf8.h"
+#include "text/random_text.h"
 #include "text/text_help.h"
 
 #include <gtest/gtest.h>
@@ -11,47 +12,6 @@ namespace qbrpt::text {
 namespace {
 
 using namespace test;
-
-std::string RandomText(std::mt19937& random) {
-    static const std::vector<std::string> pieces = {"محمد",
-                                                    " ",
-                                                    "  ",
-                                                    "لا",
-                                                    "َّ",
-                                                    "ـ",
-                                                    "123",
-                                                    "-0.35",
-                                                    "21/03/2025",
-                                                    "abc",
-                                                    "(",
-                                                    ")",
-                                                    "%",
-                                                    "\n",
-                                                    "\t",
-                                                    "\xE2\x80\xAE",
-                                                    "\xE2\x81\xA6",
-                                                    "\xE2\x81\xA9",
-                                                    "\xE2\x80\x8D",
-                                                    "\xF0\x9F\x98\x80",
-                                                    "中",
-                                                    "\xC2\xA0",
-                                                    "،"};
-    std::string text;
-    const std::size_t length = random() % 40;
-    for (std::size_t i = 0; i < length; ++i) {
-        switch (random() % 4) {
-        case 0:
-            text.push_back(static_cast<char>(random() & 0xFFU));
-            break;
-        case 1:
-            AppendCharacter(text, static_cast<char32_t>(random() % 0x110000U));
-            break;
-        default:
-            text += pieces[random() % pieces.size()];
-        }
-    }
-    return text;
-}
 
 TEST(AnyBytes, AreLaidOut) {
     const unsigned seed = std::random_device{}();
