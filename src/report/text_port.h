@@ -73,7 +73,8 @@ struct TextBlock {
 };
 
 /// One face for figures: digits and the marks that stand in them, drawn left to right without shaping.
-/// '-' is drawn as a minus sign: U+2212, or the en dash of a face that lacks it. Characters that the face lacks have glyph 0.
+/// '-' is drawn as a minus sign: U+2212, or the en dash of a face that lacks it. Characters that the face
+/// lacks have glyph 0.
 struct FigureFont {
     FaceId face = 0;
     float size = 0; ///< twips
