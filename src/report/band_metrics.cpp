@@ -4,6 +4,13 @@
 
 namespace qbrpt::report {
 
+namespace {
+
+// A text of megabytes must not run sums over; nobody reads its hundred thousandth page.
+constexpr std::int64_t TallestGrowth = 100'000'000;
+
+} // namespace
+
 Twips BandMetrics::Measure(const CompiledSection& section, const FormatScope& scope, SectionText& text) {
     mObjects.assign(section.objects.size(), {});
     if (section.hidesRepeated && scope.above) MarkRepeated(section, scope);
@@ -15,7 +22,8 @@ Twips BandMetrics::Measure(const CompiledSection& section, const FormatScope& sc
         const CompiledObject& object = section.objects[i];
         if (!object.mayGrow || mObjects[i].repeated || !SectionText::Shown(*object.object, scope)) continue;
         mObjects[i].lines = mFitter.LineCount(object, text.Of(section, object, scope).text);
-        mObjects[i].growth = static_cast<Twips>(mObjects[i].lines - 1) * object.object->lineStep;
+        const auto further = static_cast<std::int64_t>(mObjects[i].lines - 1);
+        mObjects[i].growth = static_cast<Twips>(std::min(further * object.object->lineStep, TallestGrowth));
     }
     const auto grows = [](const ObjectMetrics& metrics) { return metrics.growth > 0; };
     if (std::none_of(mObjects.begin(), mObjects.end(), grows)) return std::max(fixed, 0);

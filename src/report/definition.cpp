@@ -20,6 +20,11 @@ bool IsPlace(Twips place) {
     return place >= -LargestLength && place <= LargestLength;
 }
 
+std::string At(std::string_view what, std::string_view name, std::string_view problem) {
+    std::string text(what);
+    return text.append(" \"").append(name).append("\": ").append(problem);
+}
+
 class Checker {
 public:
     Checker(const Definition& definition, int depth) : mDefinition(definition), mDepth(depth) {}
@@ -40,12 +45,12 @@ public:
         }
         for (const Section& section : mDefinition.sections) {
             if (std::string problem = SectionProblem(section); !problem.empty())
-                return "section \"" + section.name + "\": " + problem;
+                return At("section", section.name, problem);
         }
         for (const auto& [name, inside] : mDefinition.subreports) {
             if (!inside || mDepth >= DeepestSubreport) return "subreport \"" + name + "\" cannot be used.";
             if (std::string problem = Checker(*inside, mDepth + 1).Run(); !problem.empty())
-                return "subreport \"" + name + "\": " + problem;
+                return At("subreport", name, problem);
         }
         return {};
     }
@@ -69,7 +74,7 @@ private:
             std::string problem = ObjectProblem(section, object);
             if (problem.empty() && !object.follows.empty() && !before.contains(object.follows))
                 problem = "it follows \"" + object.follows + "\", which does not stand before it.";
-            if (!problem.empty()) return "object \"" + object.name + "\": " + problem;
+            if (!problem.empty()) return At("object", object.name, problem);
             before.insert(object.name);
         }
         return {};

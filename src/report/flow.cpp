@@ -155,7 +155,7 @@ const ScopeTotals& Flow::GroupTotals(std::size_t group, std::size_t firstRow) {
     AheadGroup& ahead = mGroupTotals[group];
     if (ahead.firstRow == firstRow) return *ahead.totals;
     ahead.totals = std::make_unique<ScopeTotals>(ScopeTotals{TotalsBook(mDefinition.totals), 0});
-    ahead.firstRow = firstRow;
+    ahead.firstRow = NoIndex; // until the walk has ended well
     if (!mAhead) mAhead = std::make_unique<RowWindow>(mSource, *mDefinition.definition);
     RowWindow& rows = *mAhead;
     rows.Seek(firstRow);
@@ -167,6 +167,7 @@ const ScopeTotals& Flow::GroupTotals(std::size_t group, std::size_t firstRow) {
         if (++ahead.totals->rows % RowsAProgress == 0 && mProgress) mProgress(ahead.totals->rows);
     }
     if (mDefinition.headersShowReportTotals) ahead.totals->totals.TakeReportTotals(ReportTotals().totals);
+    ahead.firstRow = firstRow;
     return *ahead.totals;
 }
 

@@ -54,7 +54,9 @@ void PageBuilder::Draw(const PlacedBand& band) {
         PassRows(band);
     else
         EndRows();
-    mTextEnd.assign(band.section.objects.size(), 0);
+    mTextEnd.clear();
+    for (const CompiledObject& object : band.section.objects)
+        mTextEnd.push_back(band.rightEdge - object.object->right);
     for (const std::size_t index : band.section.drawOrder) {
         if (SectionText::Shown(*band.section.objects[index].object, band.scope) &&
             !mMetrics.At(index).repeated)
@@ -113,7 +115,6 @@ void PageBuilder::DrawWriting(const PlacedBand& band, std::size_t index) {
         const Twips right = mTextEnd[object.follows] - object.object->right;
         left = right - width;
     }
-    mTextEnd[index] = left + width;
     const ValueText text = band.text.Of(band.section, object, band.scope);
     if (text.text.empty()) return;
     if (text.figures)

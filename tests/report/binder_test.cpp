@@ -110,7 +110,8 @@ TEST(Binder, MissingColumnsAreNullAndSurplusOnesAreDropped) {
     const Definition definition = Four();
     Binder binder(definition);
     RowView bound;
-    binder.Bind({fakes::CellOf(std::string("a"))}, bound);
+    const Value name = std::string("a"); // the bound text is a view of it
+    binder.Bind({fakes::CellOf(name)}, bound);
     ASSERT_EQ(bound.size(), 4U);
     EXPECT_EQ(bound[0].text, "a");
     EXPECT_EQ(bound[3].kind, ValueKind::Null);
