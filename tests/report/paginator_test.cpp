@@ -257,6 +257,34 @@ TEST(Paginator, AFixedSectionTallerThanAPageEnds) {
     EXPECT_EQ(pages[5], "r2");
 }
 
+TEST(Paginator, AllPartsOfASplitRowAreOfOneShape) {
+    Definition definition = Growing();
+    Object name = FieldObject("Long", NoteField, 0, 500);
+    name.hideRepeated = name.canGrow = true;
+    definition.sections[0].objects.push_back(name);
+    const std::string note = NoteOfLines(9);
+    TestReport report(definition, {NamedRow("r1", 1, note), NamedRow("r2", 2, note)}, SheetFor(1000));
+    std::string all;
+    for (const std::string& page : report.AllWords())
+        all += page + "|";
+    std::size_t shown = 0;
+    for (std::size_t at = all.find("aaaaaaaaaa"); at != std::string::npos;
+         at = all.find("aaaaaaaaaa", at + 19))
+        ++shown;
+    // Twice in each row: whole in the wide column, its first part in the narrow one.
+    EXPECT_EQ(shown, 4U) << "a name that would be hidden under its like stands in every part of a split row";
+}
+
+TEST(Paginator, HeadersAndFootersShowTheRowsOfTheirPage) {
+    Definition definition = PlainDefinition();
+    definition.sections.push_back(Header("{field:name}"));
+    definition.sections.push_back(Footer("{field:name}"));
+    definition.sections[2].objects[0].name = "Last";
+    TestReport report(definition, NumberedRows(7), SheetFor(1400));
+    EXPECT_THAT(report.AllWords(),
+                ElementsAre("r1|r1 1.00|r2 2.00|r3 3.00|r4 4.00|r5 5.00|r5", "r6|r6 6.00|r7 7.00|r7"));
+}
+
 TEST(Paginator, HeadersTooTallForTheSheetAreLeftOut) {
     Definition definition = PlainDefinition();
     Section header = Header("tall");
