@@ -12,12 +12,12 @@ constexpr std::int64_t MillisecondsADay = 86'400'000;
 constexpr std::int64_t FirstDay = -657'434; // 1 January 100
 constexpr std::int64_t LastDay = 2'958'465; // 31 December 9999
 
-std::int64_t FloorDivide(std::int64_t value, std::int64_t by) {
+constexpr std::int64_t FloorDivide(std::int64_t value, std::int64_t by) {
     return value / by - ((value % by != 0 && (value < 0) != (by < 0)) ? 1 : 0);
 }
 
 // Days since 1 March of year 0, by whole 400-year eras (Howard Hinnant's civil calendar algorithm).
-std::int64_t DaysSinceMarchZero(std::int64_t year, std::int64_t month, std::int64_t day) {
+constexpr std::int64_t DaysSinceMarchZero(std::int64_t year, std::int64_t month, std::int64_t day) {
     year -= month <= 2 ? 1 : 0;
     const std::int64_t era = FloorDivide(year, 400);
     const std::int64_t yearOfEra = year - era * 400;
@@ -25,7 +25,7 @@ std::int64_t DaysSinceMarchZero(std::int64_t year, std::int64_t month, std::int6
     return era * 146'097 + yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear;
 }
 
-const std::int64_t DayZero = DaysSinceMarchZero(1899, 12, 30);
+constexpr std::int64_t DayZero = DaysSinceMarchZero(1899, 12, 30);
 
 void SetCivil(Moment& moment, std::int64_t days) {
     const std::int64_t shifted = days + DayZero;
