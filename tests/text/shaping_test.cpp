@@ -16,14 +16,9 @@ protected:
         return engine.Layout(text, style, 0, BaseDirection::RightToLeft);
     }
     std::vector<report::Glyph> Glyphs(std::string_view text) { return GlyphsOf(*Lay(text)); }
-    const report::GlyphRun& Run(std::string_view text) {
-        blocks.push_back(Lay(text));
-        return blocks.back()->lines.at(0).words.at(0).word->runs.at(0);
-    }
 
     TextEngine engine;
     report::StyleId style = engine.Style({GetParam(), 200, false});
-    std::vector<std::shared_ptr<const report::TextBlock>> blocks;
 };
 
 TEST_P(Shaping, LettersJoin) {
@@ -83,7 +78,8 @@ TEST_P(Shaping, AdvancesAddUpToTheWidth) {
 }
 
 TEST_P(Shaping, BracketsAreMirrored) {
-    const auto word = Lay("(علي)")->lines.at(0).words.at(0);
+    const auto block = Lay("(علي)");
+    const report::PlacedWord& word = block->lines.at(0).words.at(0);
     const report::GlyphRun& left = word.word->runs.front();
     const report::GlyphRun& right = word.word->runs.back();
     const FontFace& face = engine.Fonts().Face(left.face);
@@ -122,10 +118,12 @@ TEST_P(Shaping, DigitsAreEquallyWideAndHyphenIsAMinus) {
     EXPECT_GT(figures.advance['-'], face.AdvanceOf(face.GlyphOf(U'-'))) << "longer than a hyphen";
 }
 
-TEST_P(Shaping, TheSameWordIsShapedOnce) {
-    const auto first = Lay("محمد علي");
-    const auto second = engine.Layout("خالد محمد", style, 0, BaseDirection::RightToLeft);
-    EXPECT_EQ(first->lines.at(0).words.at(1).word, second->lines.at(0).words.at(0).word);
+TEST_P(Shaping, AWordThatComesAgainIsKept) {
+    Lay("محمد علي");
+    const auto second = Lay("خالد محمد");
+    const auto third = Lay("محمد ناصر");
+    EXPECT_EQ(second->lines.at(0).words.at(0).word, third->lines.at(0).words.at(1).word);
+    EXPECT_EQ(second->lines.at(0).words.at(0).word->text, "محمد");
 }
 
 TEST_P(Shaping, WordsOutliveTheCache) {

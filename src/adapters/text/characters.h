@@ -29,16 +29,21 @@ namespace qbrpt::text {
            (c >= 0xE0000 && c <= 0xE0FFF);
 }
 
-/// An Arabic-Indic or Eastern Arabic-Indic digit, or the marks that stand inside such figures.
+/// An Arabic-Indic or Eastern Arabic-Indic digit.
 [[nodiscard]] constexpr bool IsArabicDigit(char32_t c) {
-    return (c >= 0x0660 && c <= 0x066C) || (c >= 0x06F0 && c <= 0x06F9);
+    return (c >= 0x0660 && c <= 0x0669) || (c >= 0x06F0 && c <= 0x06F9);
 }
 
-/// Letters, vowel marks and punctuation of the Arabic script, without its digits.
+/// A percent sign, decimal point or thousands mark of Arabic figures.
+[[nodiscard]] constexpr bool IsArabicFigureMark(char32_t c) {
+    return c >= 0x066A && c <= 0x066C;
+}
+
+/// Letters, vowel marks and punctuation of the Arabic script, without its figures.
 [[nodiscard]] constexpr bool IsArabic(char32_t c) {
     return ((c >= 0x0600 && c <= 0x06FF) || (c >= 0x0750 && c <= 0x077F) || (c >= 0x0870 && c <= 0x08FF) ||
             (c >= 0xFB50 && c <= 0xFDFF) || (c >= 0xFE70 && c <= 0xFEFC)) &&
-           !IsArabicDigit(c);
+           !IsArabicDigit(c) && !IsArabicFigureMark(c);
 }
 
 /// Follows the character before it: combining marks, joiners, variation selectors.

@@ -17,11 +17,20 @@ namespace {
 constexpr char32_t LeftToRightIsolate = 0x2066;
 constexpr char32_t PopIsolate = 0x2069;
 
-// Arabic, blanks and ASCII marks alone: one direction throughout, which is nearly every name.
-bool PlainArabic(const std::u32string& characters) {
-    return std::all_of(characters.begin(), characters.end(), [](char32_t c) {
-        return IsArabic(c) || (c < 0x80 && !IsAsciiDigit(c) && !IsAsciiLetter(c));
-    });
+// Arabic, figures, blanks and ASCII marks: nearly every text of a report. All of it reads from right to left
+// but the figures, each shut off; the whole algorithm would find no more.
+bool ResolvePlain(const std::u32string& characters, std::vector<Level>& levels) {
+    bool figures = false;
+    for (const char32_t c : characters) {
+        const bool digit = IsAsciiDigit(c) || IsArabicDigit(c);
+        if (!digit && !IsArabic(c) && (c >= 0x80 || IsAsciiLetter(c))) return false;
+        figures = figures || digit;
+    }
+    levels.assign(characters.size(), 1);
+    if (!figures) return true;
+    for (const FigureRun& run : FindFigureRuns(characters))
+        std::fill_n(levels.begin() + static_cast<std::ptrdiff_t>(run.first), run.length, Level{2});
+    return true;
 }
 
 // The paragraph as the algorithm sees it: figure runs shut off by isolates, their characters strong.
@@ -64,10 +73,7 @@ Marked MarkFigures(const std::u32string& characters) {
 
 void ResolveLevels(std::u32string& characters, report::BaseDirection base, std::vector<Level>& levels) {
     const bool rightToLeft = base == report::BaseDirection::RightToLeft;
-    if (rightToLeft && PlainArabic(characters)) {
-        levels.assign(characters.size(), 1);
-        return;
-    }
+    if (rightToLeft && ResolvePlain(characters, levels)) return;
     Marked marked = MarkFigures(characters);
     const std::size_t size = marked.characters.size();
     if (size > static_cast<std::size_t>(std::numeric_limits<FriBidiStrIndex>::max()))

@@ -53,8 +53,9 @@ void Shaper::AddPart(report::FaceId face, std::size_t first, std::size_t end) {
 void Shaper::ChooseFaces(const StyleFaces& style, std::size_t begin, std::size_t end, std::size_t byteEnd) {
     const auto arabicFigures = [this](std::size_t first, std::size_t last) {
         return std::all_of(mCharacters.begin() + static_cast<std::ptrdiff_t>(first),
-                           mCharacters.begin() + static_cast<std::ptrdiff_t>(last),
-                           [](const Character& c) { return IsArabicDigit(c.value); });
+                           mCharacters.begin() + static_cast<std::ptrdiff_t>(last), [](const Character& c) {
+                               return IsArabicDigit(c.value) || IsArabicFigureMark(c.value);
+                           });
     };
     const bool arabic = mCharacters[begin].arabic || arabicFigures(begin, end);
     const std::vector<report::FaceId>& chain = arabic ? style.arabic : style.latin;

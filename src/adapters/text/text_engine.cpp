@@ -2,12 +2,14 @@
 
 #include "adapters/text/characters.h"
 #include "adapters/text/paragraphs.h"
+#include "adapters/text/word_cutter.h"
 #include "base/utf8.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <span>
 
 namespace qbrpt::text {
 
@@ -24,30 +26,6 @@ template <typename T>
 void AppendBytes(std::string& key, T value) {
     for (unsigned shift = 0; shift < sizeof(T) * 8; shift += 8)
         key.push_back(static_cast<char>((static_cast<std::uint64_t>(value) >> shift) & 0xFFU));
-}
-
-// A block that owns the words it points to.
-struct OwningBlock : report::TextBlock {
-    std::vector<std::shared_ptr<const report::ShapedWord>> owned;
-};
-
-void PlaceLine(const Line& line, OwningBlock& block) {
-    std::vector<Level> levels;
-    levels.reserve(line.size());
-    for (const Unit& unit : line)
-        levels.push_back(unit.level);
-    std::vector<std::size_t> order;
-    DrawingOrder(levels, order);
-    report::TextLine& placed = block.lines.emplace_back();
-    placed.words.reserve(line.size());
-    for (const std::size_t i : order) {
-        if (line[i].word) {
-            placed.words.push_back({line[i].word.get(), placed.width});
-            block.owned.push_back(line[i].word);
-        }
-        placed.width += line[i].width;
-    }
-    block.width = std::max(block.width, placed.width);
 }
 
 } // namespace
@@ -68,7 +46,9 @@ std::shared_ptr<const report::ShapedWord> TextEngine::Word(report::StyleId style
     mKey.push_back(rightToLeft ? 'r' : 'l');
     mKey += mText;
     if (const auto* known = mWords.Find(mKey)) return *known;
-    return mWords.Put(mKey, mShaper.Shape(mFonts.Faces(style), {mText, 0, mText.size(), rightToLeft}));
+    auto word = mShaper.Shape(mFonts.Faces(style), {mText, 0, mText.size(), rightToLeft});
+    mWords.Offer(mKey, word);
+    return word;
 }
 
 // Readers of a page guess its reading order from the letters alone: to them, blanks and marks behind a figure
@@ -124,37 +104,11 @@ void TextEngine::ReadUnits(report::StyleId style, report::BaseDirection base) {
 }
 
 std::vector<Unit> TextEngine::Cut(const StyleFaces& faces, const Unit& unit, report::Twips width) {
-    // Where a cluster begins, and how wide it is, in reading order.
-    struct Cluster {
-        std::size_t first;
-        float width;
-    };
-    std::vector<Cluster> clusters;
-    for (const report::GlyphRun& run : unit.word->runs)
-        for (const report::Glyph& glyph : run.glyphs)
-            clusters.push_back({glyph.textStart, glyph.advance * run.size});
-    std::stable_sort(clusters.begin(), clusters.end(),
-                     [](const Cluster& a, const Cluster& b) { return a.first < b.first; });
-    const std::string_view text = unit.word->text;
-    std::vector<std::size_t> cuts;
-    float filled = 0;
-    for (std::size_t i = 0; i < clusters.size(); ++i) {
-        std::size_t position = clusters[i].first;
-        const bool begins = position < text.size() && (i == 0 || clusters[i - 1].first != position) &&
-                            !IsAttached(NextCharacter(text, position));
-        if (begins && filled > 0 && filled + clusters[i].width > static_cast<float>(width)) {
-            cuts.push_back(clusters[i].first);
-            filled = 0;
-        }
-        filled += clusters[i].width;
-    }
-    cuts.push_back(text.size());
     std::vector<Unit> pieces;
     std::size_t first = 0;
-    for (const std::size_t end : cuts) {
-        Unit piece;
-        piece.level = unit.level;
-        piece.word = mShaper.Shape(faces, {text, first, end - first, unit.word->rightToLeft});
+    for (const std::size_t end : CutWord(*unit.word, width)) {
+        const Stretch stretch{unit.word->text, first, end - first, unit.word->rightToLeft};
+        Unit piece{mShaper.Shape(faces, stretch), 0, unit.level};
         piece.width = piece.word->width;
         pieces.push_back(std::move(piece));
         first = end;
@@ -165,28 +119,31 @@ std::vector<Unit> TextEngine::Cut(const StyleFaces& faces, const Unit& unit, rep
 std::shared_ptr<const report::TextBlock> TextEngine::Layout(std::string_view text, report::StyleId style,
                                                             report::Twips maxWidth,
                                                             report::BaseDirection base) {
-    std::string key;
-    if (text.size() <= LongestKept) {
-        AppendBytes(key, style);
-        AppendBytes(key, static_cast<std::uint32_t>(maxWidth));
-        key.push_back(base == report::BaseDirection::RightToLeft ? 'r' : 'l');
-        key += text;
-        if (const auto* known = mBlocks.Find(key)) return *known;
+    const bool kept = text.size() <= LongestKept;
+    if (kept) {
+        mBlockKey.clear();
+        AppendBytes(mBlockKey, style);
+        AppendBytes(mBlockKey, static_cast<std::uint32_t>(maxWidth));
+        mBlockKey.push_back(base == report::BaseDirection::RightToLeft ? 'r' : 'l');
+        mBlockKey += text;
+        if (const auto* known = mBlocks.Find(mBlockKey)) return *known;
     }
-    auto block = std::make_shared<OwningBlock>();
-    const StyleFaces& faces = mFonts.Faces(style);
-    const UnitCutter cut = [this, &faces](const Unit& unit, report::Twips width) {
-        return Cut(faces, unit, width);
-    };
+    mBuilder.Begin();
     ParagraphReader reader(text);
     while (reader.Next(mCharacters)) {
         ReadUnits(style, base);
+        const std::span<const Unit> units = WithoutOuterBlanks(mUnits);
+        if (maxWidth <= 0 || WidthOf(units) <= maxWidth) {
+            mBuilder.AddLine(units);
+            continue;
+        }
+        const StyleFaces& faces = mFonts.Faces(style);
+        const UnitCutter cut = [&](const Unit& unit, report::Twips width) { return Cut(faces, unit, width); };
         for (const Line& line : BreakLines(std::move(mUnits), maxWidth, cut))
-            PlaceLine(line, *block);
+            mBuilder.AddLine(line);
     }
-    while (!block->lines.empty() && block->lines.back().words.empty())
-        block->lines.pop_back();
-    if (!key.empty()) mBlocks.Put(key, block);
+    auto block = mBuilder.Finish();
+    if (kept) mBlocks.Offer(mBlockKey, block);
     return block;
 }
 
@@ -195,13 +152,7 @@ report::Twips TextEngine::Width(std::string_view text, report::StyleId style, re
     ParagraphReader reader(text);
     while (reader.Next(mCharacters)) {
         ReadUnits(style, base);
-        const auto isWord = [](const Unit& unit) { return unit.word != nullptr; };
-        const auto first = std::find_if(mUnits.begin(), mUnits.end(), isWord);
-        const auto last = std::find_if(mUnits.rbegin(), mUnits.rend(), isWord).base();
-        report::Twips width = 0;
-        for (auto unit = first; unit < last; ++unit)
-            width += unit->width;
-        widest = std::max(widest, width);
+        widest = std::max(widest, WidthOf(WithoutOuterBlanks(mUnits)));
     }
     return widest;
 }

@@ -1,6 +1,7 @@
 // The text port of the house: FontConfig finds the faces, FriBidi orders, HarfBuzz shapes.
 #pragma once
 
+#include "adapters/text/block_builder.h"
 #include "adapters/text/font_book.h"
 #include "adapters/text/line_breaker.h"
 #include "adapters/text/shaper.h"
@@ -45,12 +46,14 @@ private:
     Shaper mShaper;
     WordCache<std::shared_ptr<const report::ShapedWord>> mWords;
     WordCache<std::shared_ptr<const report::TextBlock>> mBlocks;
+    BlockBuilder mBuilder;
     // Working memory, kept from call to call.
     std::u32string mCharacters;
     std::vector<Level> mLevels;
     std::vector<Unit> mUnits;
     std::string mText;
     std::string mKey;
+    std::string mBlockKey;
 };
 
 /// The text port of the process's reports.
