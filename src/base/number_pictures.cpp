@@ -236,9 +236,9 @@ constexpr std::array<NamedPicture, 8> NamedPictures = {{{"Currency", "#,##0.00"}
                                                         {"Standard", "#,##0.00"},
                                                         {"Percent", "0.00%"},
                                                         {"Scientific", "0.00E+00"},
-                                                        {"Yes/No", "\"Yes\";\"Yes\";\"No\""},
-                                                        {"True/False", "\"True\";\"True\";\"False\""},
-                                                        {"On/Off", "\"On\";\"On\";\"Off\""}}};
+                                                        {"Yes/No", R"("Yes";"Yes";"No")"},
+                                                        {"True/False", R"("True";"True";"False")"},
+                                                        {"On/Off", R"("On";"On";"Off")"}}};
 
 } // namespace
 

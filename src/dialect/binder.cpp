@@ -81,8 +81,9 @@ void Binder::BindSelect(Select& select, Scope* parent, Query& query) {
         BindOwnClause(term.get(), scope, "GROUP BY", false);
     const int before = mAggregates;
     BindClause(select.having.get(), scope, "HAVING", true);
-    if (select.having && select.groupBy.empty() && !select.aggregated && mAggregates == before)
-        Raise(FailureNumber::SyntaxError, *select.having, "HAVING needs a GROUP BY or an aggregate");
+    if (select.having && select.groupBy.empty() && !select.aggregated)
+        Raise(FailureNumber::SyntaxError, *select.having,
+              "HAVING needs a GROUP BY, or an aggregate in the SELECT list");
     if (query.parts.size() == 1) BindOrder(query, select, scope);
     select.aggregated = select.aggregated || mAggregates != before;
     CheckGrouping(select, query.parts.size() == 1 ? &query.order : nullptr, *mDiagnostics);
@@ -202,7 +203,7 @@ std::vector<OutputColumn> Binder::OutputColumnsOf(const Select& select) const {
         OutputColumn column{item.alias, item.expression->kind};
         if (isColumn(item)) {
             column.name = columnName(*item.expression);
-            if (twice.count(FoldName(column.name)) != 0)
+            if (twice.contains(FoldName(column.name)))
                 column.name = item.expression->binding.source->alias + "." + column.name;
         } else if (column.name.empty()) {
             column.name = "Expr" + std::to_string(1000 + i);

@@ -4,7 +4,7 @@
 #include "dialect/words.h"
 
 #include <algorithm>
-#include <iterator>
+#include <array>
 
 namespace qbrpt::dialect {
 
@@ -12,7 +12,7 @@ namespace {
 
 constexpr int Many = MostArguments;
 
-constexpr Builtin Builtins[] = {
+constexpr auto Builtins = std::to_array<Builtin>({
     // Choices and nulls.
     {"IIf", 3, 3, Form::IIf, Result::Choice, "v", {}},
     {"Switch", 2, Many, Form::Switch, Result::Choice, "v", {}},
@@ -93,14 +93,14 @@ constexpr Builtin Builtins[] = {
     {"Max", 1, 1, Form::Max, Result::Argument, "v", {}},
     {"First", 1, 1, Form::First, Result::Argument, "v", "qb_first"},
     {"Last", 1, 1, Form::Last, Result::Argument, "v", "qb_last"},
-};
+});
 
 } // namespace
 
 const Builtin* FindBuiltin(std::string_view name) {
-    const auto* found = std::find_if(std::begin(Builtins), std::end(Builtins),
+    const auto* found = std::find_if(Builtins.begin(), Builtins.end(),
                                      [name](const Builtin& entry) { return SameName(entry.name, name); });
-    return found == std::end(Builtins) ? nullptr : found;
+    return found == Builtins.end() ? nullptr : found;
 }
 
 } // namespace qbrpt::dialect

@@ -223,7 +223,7 @@ Value DayNumber(Arguments a, const FunctionWorld&) {
     return WholeValue(RoundToLong(SnapToMillisecond(DayOf(a[0]))));
 }
 Value IsDate(Arguments a, const FunctionWorld&) {
-    const auto* text = std::get_if<std::string>(&a[0]);
+    const auto* text = std::get_if<std::string>(a.data());
     return WholeValue(text != nullptr ? ParseDateText(*text, DateOrder::DayFirst).has_value()
                                       : !IsNull(a[0]));
 }
@@ -256,7 +256,7 @@ Value TimeOfDay(Arguments, const FunctionWorld& world) {
     return world.now - std::floor(world.now);
 }
 
-constexpr ScalarFunction Functions[] = {
+constexpr auto Functions = std::to_array<ScalarFunction>({
     {"qb_now", 0, 0, true, Now},
     {"qb_today", 0, 0, true, Today},
     {"qb_timeofday", 0, 0, true, TimeOfDay},
@@ -280,7 +280,7 @@ constexpr ScalarFunction Functions[] = {
     {"qb_isdate", 1, 1, false, IsDate},
     {"qb_monthname", 1, 2, false, UnlessNull<MonthName>},
     {"qb_weekdayname", 1, 3, false, UnlessNull<WeekdayName>},
-};
+});
 
 } // namespace
 

@@ -5,6 +5,7 @@
 #include "dialect/function_groups.h"
 #include "dialect/letters.h"
 
+#include <array>
 #include <string>
 
 namespace qbrpt::dialect {
@@ -50,13 +51,13 @@ std::string FormatText(const std::string& text, const std::string& picture) {
 Value Format(Arguments a, const FunctionWorld&) {
     if (IsNull(a[0])) return std::string();
     const std::string picture = TextOf(a[1]);
-    if (const auto* text = std::get_if<std::string>(&a[0])) return FormatText(*text, picture);
+    if (const auto* text = std::get_if<std::string>(a.data())) return FormatText(*text, picture);
     const double number = NumberOf(a[0]);
     return IsDatePicture(picture) ? FormatDate(number, picture, ArabicNames())
                                   : FormatNumber(number, picture);
 }
 
-constexpr ScalarFunction Functions[] = {
+constexpr auto Functions = std::to_array<ScalarFunction>({
     {"qb_text", 1, 1, false, PieceOfText},
     {"qb_date_text", 1, 1, false, PieceOfDate},
     {"qb_cstr", 1, 1, false, UnlessNull<ToText>},
@@ -64,7 +65,7 @@ constexpr ScalarFunction Functions[] = {
     {"qb_boolname", 1, 1, false, UnlessNull<BooleanName>},
     {"qb_str", 1, 1, false, UnlessNull<NumberToText>},
     {"qb_format", 2, 2, false, Format},
-};
+});
 
 } // namespace
 

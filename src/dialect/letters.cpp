@@ -2,7 +2,7 @@
 
 #include "base/utf8.h"
 
-#include <iterator>
+#include <array>
 
 namespace qbrpt::dialect {
 
@@ -16,13 +16,26 @@ struct Capitals {
     char32_t distance;
 };
 
-constexpr Capitals Ranges[] = {
-    {U'A', U'Z', 1, 32},    {0xC0, 0xD6, 1, 32},    {0xD8, 0xDE, 1, 32},   {0x100, 0x12E, 2, 1},
-    {0x132, 0x136, 2, 1},   {0x139, 0x147, 2, 1},   {0x14A, 0x176, 2, 1},  {0x179, 0x17D, 2, 1},
-    {0x391, 0x3A1, 1, 32},  {0x3A3, 0x3AB, 1, 32},  {0x400, 0x40F, 1, 80}, {0x410, 0x42F, 1, 32},
-    {0x460, 0x480, 2, 1},   {0x48A, 0x4BE, 2, 1},   {0x4D0, 0x52E, 2, 1},  {0x531, 0x556, 1, 48},
-    {0x1E00, 0x1E94, 2, 1}, {0x1EA0, 0x1EFE, 2, 1},
-};
+constexpr auto Ranges = std::to_array<Capitals>({
+    {U'A', U'Z', 1, 32},
+    {0xC0, 0xD6, 1, 32},
+    {0xD8, 0xDE, 1, 32},
+    {0x100, 0x12E, 2, 1},
+    {0x132, 0x136, 2, 1},
+    {0x139, 0x147, 2, 1},
+    {0x14A, 0x176, 2, 1},
+    {0x179, 0x17D, 2, 1},
+    {0x391, 0x3A1, 1, 32},
+    {0x3A3, 0x3AB, 1, 32},
+    {0x400, 0x40F, 1, 80},
+    {0x410, 0x42F, 1, 32},
+    {0x460, 0x480, 2, 1},
+    {0x48A, 0x4BE, 2, 1},
+    {0x4D0, 0x52E, 2, 1},
+    {0x531, 0x556, 1, 48},
+    {0x1E00, 0x1E94, 2, 1},
+    {0x1EA0, 0x1EFE, 2, 1},
+});
 
 bool Holds(const Capitals& range, char32_t character) {
     return character >= range.first && character <= range.last && (character - range.first) % range.step == 0;

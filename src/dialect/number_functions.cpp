@@ -5,6 +5,7 @@
 #include "dialect/function_groups.h"
 #include "dialect/words.h"
 
+#include <array>
 #include <cmath>
 #include <string>
 
@@ -76,14 +77,14 @@ Value ToCurrency(Arguments a, const FunctionWorld&) {
     return decimal.Number();
 }
 Value ToBoolean(Arguments a, const FunctionWorld&) {
-    if (const auto* text = std::get_if<std::string>(&a[0])) {
+    if (const auto* text = std::get_if<std::string>(a.data())) {
         if (SameName(*text, "True")) return WholeValue(1);
         if (SameName(*text, "False")) return WholeValue(0);
     }
     return WholeValue(NumberOf(a[0]) != 0 ? 1 : 0);
 }
 Value IsNumeric(Arguments a, const FunctionWorld&) {
-    const auto* text = std::get_if<std::string>(&a[0]);
+    const auto* text = std::get_if<std::string>(a.data());
     return WholeValue(text != nullptr ? ParseNumber(*text).has_value() : !IsNull(a[0]));
 }
 
@@ -117,17 +118,25 @@ Value HeadNumber(Arguments a, const FunctionWorld&) {
     return ParseNumber(std::string_view(plain).substr(0, end)).value_or(0.0);
 }
 
-constexpr ScalarFunction Functions[] = {
-    {"qb_round", 1, 2, false, UnlessNull<Round>},     {"qb_sqr", 1, 1, false, UnlessNull<SquareRoot>},
-    {"qb_exp", 1, 1, false, UnlessNull<Exp>},         {"qb_log", 1, 1, false, UnlessNull<Log>},
-    {"qb_power", 2, 2, false, UnlessNull<Power>},     {"qb_xor", 2, 2, false, UnlessNull<Xor>},
-    {"qb_implies", 2, 2, false, UnlessNull<Implies>}, {"qb_whole", 1, 1, false, UnlessNull<ToWhole>},
-    {"qb_clng", 1, 1, false, UnlessNull<ToLong>},     {"qb_cint", 1, 1, false, UnlessNull<ToInteger>},
-    {"qb_cbyte", 1, 1, false, UnlessNull<ToByte>},    {"qb_cdbl", 1, 1, false, UnlessNull<ToDouble>},
-    {"qb_csng", 1, 1, false, UnlessNull<ToSingle>},   {"qb_ccur", 1, 1, false, UnlessNull<ToCurrency>},
-    {"qb_cbool", 1, 1, false, UnlessNull<ToBoolean>}, {"qb_isnumeric", 1, 1, false, IsNumeric},
+constexpr auto Functions = std::to_array<ScalarFunction>({
+    {"qb_round", 1, 2, false, UnlessNull<Round>},
+    {"qb_sqr", 1, 1, false, UnlessNull<SquareRoot>},
+    {"qb_exp", 1, 1, false, UnlessNull<Exp>},
+    {"qb_log", 1, 1, false, UnlessNull<Log>},
+    {"qb_power", 2, 2, false, UnlessNull<Power>},
+    {"qb_xor", 2, 2, false, UnlessNull<Xor>},
+    {"qb_implies", 2, 2, false, UnlessNull<Implies>},
+    {"qb_whole", 1, 1, false, UnlessNull<ToWhole>},
+    {"qb_clng", 1, 1, false, UnlessNull<ToLong>},
+    {"qb_cint", 1, 1, false, UnlessNull<ToInteger>},
+    {"qb_cbyte", 1, 1, false, UnlessNull<ToByte>},
+    {"qb_cdbl", 1, 1, false, UnlessNull<ToDouble>},
+    {"qb_csng", 1, 1, false, UnlessNull<ToSingle>},
+    {"qb_ccur", 1, 1, false, UnlessNull<ToCurrency>},
+    {"qb_cbool", 1, 1, false, UnlessNull<ToBoolean>},
+    {"qb_isnumeric", 1, 1, false, IsNumeric},
     {"qb_val", 1, 1, false, UnlessNull<HeadNumber>},
-};
+});
 
 } // namespace
 

@@ -6,7 +6,7 @@
 #include "dialect/like.h"
 
 #include <algorithm>
-#include <iterator>
+#include <array>
 
 namespace qbrpt::dialect {
 
@@ -106,7 +106,7 @@ Value Replace(Arguments a, const FunctionWorld&) {
     if (start < 1) RaiseArgument("Replace counts characters from 1.");
     int left = a.size() > 4 ? SmallOf(a[4]) : -1;
     std::string result;
-    for (std::size_t at = static_cast<std::size_t>(start - 1); at < text.size();) {
+    for (auto at = static_cast<std::size_t>(start - 1); at < text.size();) {
         const bool here =
             left != 0 && !wanted.empty() && at + wanted.size() <= shape.size() &&
             std::equal(wanted.begin(), wanted.end(), shape.begin() + static_cast<std::ptrdiff_t>(at));
@@ -129,10 +129,11 @@ Value StrComp(Arguments a, const FunctionWorld&) {
     return WholeValue(left < right ? -1 : left == right ? 0 : 1);
 }
 Value StrReverse(Arguments a, const FunctionWorld&) {
-    const std::vector<char32_t> text = CharactersOf(TextOf(a[0]), false);
+    std::vector<char32_t> text = CharactersOf(TextOf(a[0]), false);
+    std::reverse(text.begin(), text.end());
     std::string reversed;
-    for (auto at = text.rbegin(); at != text.rend(); ++at)
-        AppendCharacter(reversed, *at);
+    for (const char32_t character : text)
+        AppendCharacter(reversed, character);
     return reversed;
 }
 
@@ -175,7 +176,7 @@ Value Like(Arguments a, const FunctionWorld&) {
     return WholeValue(IsLike(TextOf(a[0]), TextOf(a[1])) ? 1 : 0);
 }
 
-constexpr ScalarFunction Functions[] = {
+constexpr auto Functions = std::to_array<ScalarFunction>({
     {"qb_len", 1, 1, false, UnlessNull<Length>},
     {"qb_left", 2, 2, false, UnlessNull<Left>},
     {"qb_right", 2, 2, false, UnlessNull<Right>},
@@ -195,7 +196,7 @@ constexpr ScalarFunction Functions[] = {
     {"qb_chr", 1, 1, false, UnlessNull<Chr>},
     {"qb_asc", 1, 1, false, UnlessNull<Asc>},
     {"qb_like", 2, 2, false, UnlessNull<Like>},
-};
+});
 
 } // namespace
 

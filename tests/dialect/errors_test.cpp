@@ -171,7 +171,7 @@ const Row Rows[] = {
     {"OuterColumnInGroupBy", "SELECT (SELECT Max(id) FROM users GROUP BY m.id) FROM members AS m",
      "3061: The FROM clause has no \"m\" (line 1, column 46, at \"id\")."},
     {"HavingAlone", "SELECT id FROM users HAVING id > 1",
-     "3075: HAVING needs a GROUP BY or an aggregate (line 1, column 32, at \">\")."},
+     "3075: HAVING needs a GROUP BY, or an aggregate in the SELECT list (line 1, column 32, at \">\")."},
     {"NulInAText", std::string("SELECT 'a\0b'", 12),
      "3075: A statement can't hold this character (line 1, column 10, at \"\xEF\xBF\xBD\")."},
     {"ThreePartName", "SELECT a.b.c FROM users",
