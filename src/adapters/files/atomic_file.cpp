@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::size_t BufferBytes = 256 * 1024;
+constexpr std::size_t BufferBytes = 256UL * 1024;
 constexpr mode_t NewFileMode = 0666; // less what the user's mask takes away
 
 fs::path FolderOf(const fs::path& target) {
