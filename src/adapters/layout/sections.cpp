@@ -116,6 +116,7 @@ private:
 void AddFreeObjects(std::vector<BuiltSection>& sections, const std::vector<FreeObject>& freeObjects,
                     const Workshop& shop) {
     std::vector<std::string_view> known;
+    known.reserve(sections.size());
     for (const BuiltSection& section : sections)
         known.push_back(section.section.name);
     for (const FreeObject& free : freeObjects) {
@@ -133,6 +134,7 @@ void AddFreeObjects(std::vector<BuiltSection>& sections, const std::vector<FreeO
 std::vector<BuiltSection> StackSections(const Node& plan, const Parts& parts,
                                         const std::vector<FreeObject>& freeObjects, const Workshop& shop) {
     std::vector<BuiltSection> sections;
+    sections.reserve(plan.entries.size());
     Stack stack(parts, shop);
     for (const Entry& entry : plan.entries)
         sections.push_back(stack.Build(entry));
