@@ -4,8 +4,8 @@
 #include "fakes/fake_text_port.h"
 #include "report/document.h"
 #include "report/page_text.h"
-#include "templates/field_tables.h"
 #include "samples/sample_rows.h"
+#include "templates/field_tables.h"
 
 #include <gtest/gtest.h>
 
