@@ -106,7 +106,7 @@ bool WriteDuration(FigureText& out, double minutes) {
     const std::uint64_t whole = RoundedUnits(minutes, 0);
     out.PutNumber(whole % 60, 2);
     out.Put(':');
-    out.PutNumber(whole / 60);
+    out.PutNumber(whole / 60, 1, true);
     return FinishSigned(out, minutes, whole);
 }
 

@@ -43,7 +43,7 @@ enum class TrailingZeros : std::uint8_t { Keep, Drop };
 bool WriteGrouped(FigureText& out, double value, int decimals, TrailingZeros zeros);
 /// A fraction as percent with one decimal: 0.125 is 12.5%.
 bool WritePercent(FigureText& out, double fraction);
-/// Minutes as h:mm.
+/// Minutes as h:mm, the hours grouped by thousands.
 bool WriteDuration(FigureText& out, double minutes);
 
 } // namespace qbrpt::report
