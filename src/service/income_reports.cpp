@@ -31,7 +31,12 @@ std::string IncomeStatement(const std::string& where) {
 void VantlowCls::PrintIncome(std::int32_t date1, std::int32_t date2, std::int16_t, std::int16_t bShow) {
     ErrorTrap trap(ErrorTrap::BoxWithRetry);
     const Ref<DAO::Database> db = mDb;
-    if (!trap.Test([&] { return IsDbValid() && PrinterCount() != 0; })) return;
+    // Both are asked, whatever the first says: a printer system that fails is told also without a database.
+    if (!trap.Test([&] {
+            const bool canPrint = PrinterCount() != 0;
+            return IsDbValid() && canPrint;
+        }))
+        return;
 
     std::string where;
     trap.Step([&] {

@@ -1,19 +1,16 @@
 #include "templates/logo_template.h"
 
 #include "platform/desktop.h"
-#include "platform/platform.h"
-
-#include <exception>
+#include "support/error_trap.h"
 
 namespace qbrpt {
 
 void LogoTemplate::SetLogo(const Ref<const Picture>& logo) {
-    try {
+    ErrorTrap trap(ErrorTrap::BoxThenLeave, {}, BoxStyle::Plain);
+    trap.Step([&] {
         TellObservers("SetLogo", {});
         mLogo = logo;
-    } catch (const std::exception& failure) {
-        Platform::Current().messages->MsgBox(failure.what(), BoxStyle::Plain);
-    }
+    });
 }
 
 } // namespace qbrpt
