@@ -2,7 +2,7 @@
 
 #include "adapters/database/cancel.h"
 
-#include <signal.h>
+#include <signal.h> // NOLINT(modernize-deprecated-headers): sigaction is not in <csignal>
 
 #include <atomic>
 
