@@ -67,6 +67,7 @@ private:
     void BindParameter(Node& node);
     void BindCall(Node& node, Scope* scope);
     void BindAggregate(Node& node, Scope* scope);
+    [[nodiscard]] static bool LooksOnlyOutside(const Node& node, const Scope& scope);
     void BindNested(Node& node, Scope* scope);
 
     [[noreturn]] void Raise(FailureNumber number, const Node& node, const std::string& what) const;

@@ -1,6 +1,7 @@
 // Names and calls inside expressions.
 #include "dialect/binder.h"
 #include "dialect/builtins.h"
+#include "dialect/grouping.h"
 #include "dialect/kinds.h"
 #include "dialect/parser_limits.h"
 #include "dialect/scope.h"
@@ -198,6 +199,27 @@ void Binder::BindAggregate(Node& node, Scope* scope) {
     own.inAggregate = true;
     BindOperands(node, &own);
     ++mAggregates;
+    if (LooksOnlyOutside(node, *scope))
+        Raise(FailureNumber::SyntaxError, node,
+              "The aggregate " + node.text + " looks at columns of an outer SELECT only");
+}
+
+// Engines don't agree whose rows such an aggregate would run over.
+bool Binder::LooksOnlyOutside(const Node& node, const Scope& scope) {
+    const auto holds = [](const Scope& at, const Source* source) {
+        return std::any_of(at.select->sources.begin(), at.select->sources.end(),
+                           [source](const auto& entry) { return entry.get() == source; });
+    };
+    bool inside = false;
+    bool outside = false;
+    VisitNodes(node, [&](const Node& inner) {
+        const Source* source = Meaning(inner).binding.source;
+        inside = inside || (source != nullptr && holds(scope, source));
+        for (const Scope* at = scope.parent; source != nullptr && at != nullptr; at = at->parent)
+            outside = outside || holds(*at, source);
+        return true;
+    });
+    return outside && !inside;
 }
 
 } // namespace qbrpt::dialect

@@ -132,6 +132,8 @@ const Row Rows[] = {
      "3075: The aggregate Sum can't stand in WHERE (line 1, column 28, at \"Sum\")."},
     {"AggregateInAggregate", "SELECT Sum(Max(id)) FROM users",
      "3075: The aggregate Max can't stand inside another aggregate (line 1, column 12, at \"Max\")."},
+    {"AggregateOfTheOuterSelect", "SELECT (SELECT Sum(u.id) FROM members) FROM users AS u",
+     "3075: The aggregate Sum looks at columns of an outer SELECT only (line 1, column 16, at \"Sum\")."},
     {"AggregateInGroupBy", "SELECT 1 FROM users GROUP BY Sum(id)",
      "3075: The aggregate Sum can't stand in GROUP BY (line 1, column 30, at \"Sum\")."},
     {"AggregateAliasInWhere", "SELECT Sum(id) AS s FROM users WHERE s > 1",
