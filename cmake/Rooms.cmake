@@ -46,6 +46,7 @@ function(qbrpt_test name)
   add_executable(test_${name} ${sources})
   target_link_libraries(test_${name} PRIVATE qbrpt_options ${TEST_USES} GTest::gmock_main)
   target_include_directories(test_${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
+  target_compile_options(test_${name} PRIVATE -O1) # tests are compiled more often than they are waited for
   target_compile_definitions(test_${name} PRIVATE QBRPT_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
-  gtest_discover_tests(test_${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+  gtest_discover_tests(test_${name} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
 endfunction()
