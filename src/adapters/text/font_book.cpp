@@ -42,7 +42,10 @@ bool IsHouseRole(std::string_view family) {
 
 } // namespace
 
-FontBook::FontBook() = default;
+const FontFiles& FontBook::Files() {
+    if (!mFiles) mFiles.emplace();
+    return *mFiles;
+}
 
 report::StyleId FontBook::Style(const report::FontSpec& font) {
     for (std::size_t i = 0; i < mStyles.size(); ++i)
@@ -68,13 +71,13 @@ std::optional<report::FaceId> FontBook::FaceWith(char32_t character, bool bold) 
     if (mOthers.size() >= OthersKept) mOthers.clear();
     const auto [known, isNew] = mOthers.try_emplace({character, bold});
     if (!isNew) return known->second;
-    const FontFile* file = mFiles.FindFor(character, bold);
+    const FontFile* file = Files().FindFor(character, bold);
     if (file != nullptr) known->second = FaceOf(*file, file->families.front());
     return known->second;
 }
 
 void FontBook::Add(std::vector<report::FaceId>& chain, std::string_view family, bool bold) {
-    const FontFile* file = mFiles.Find(family, bold);
+    const FontFile* file = Files().Find(family, bold);
     if (file == nullptr) return;
     const report::FaceId face = FaceOf(*file, family);
     if (std::find(chain.begin(), chain.end(), face) == chain.end()) chain.push_back(face);
@@ -82,7 +85,7 @@ void FontBook::Add(std::vector<report::FaceId>& chain, std::string_view family, 
 
 // A machine with none of the house's families: the first by name that has the letters.
 void FontBook::AddAnything(StyleFaces& style) {
-    for (const FontFile& file : mFiles.All()) {
+    for (const FontFile& file : Files().All()) {
         if (style.arabic.empty() && file.arabic) Add(style.arabic, file.families.front(), style.spec.bold);
         if (style.latin.empty() && file.latin) Add(style.latin, file.families.front(), style.spec.bold);
     }

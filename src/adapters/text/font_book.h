@@ -37,8 +37,6 @@ struct StyleFaces {
 
 class FontBook {
 public:
-    FontBook();
-
     /// Raises FailureNumber::Report when the machine has no font at all that pages can be set in.
     report::StyleId Style(const report::FontSpec& font);
     [[nodiscard]] const StyleFaces& Faces(report::StyleId style) const { return *mStyles.at(style); }
@@ -56,7 +54,9 @@ private:
     std::unique_ptr<StyleFaces> MakeStyle(const report::FontSpec& font);
     void FillFigures(StyleFaces& style);
 
-    FontFiles mFiles;
+    const FontFiles& Files();
+
+    std::optional<FontFiles> mFiles; ///< read at the first style: a program that prints nothing pays nothing
     std::map<std::pair<std::string, unsigned>, report::FaceId> mFaceIds;
     std::vector<std::unique_ptr<FontFace>> mFaces;
     std::vector<std::string> mFamilies;

@@ -10,6 +10,7 @@
 #include <cmath>
 #include <cstdio>
 #include <span>
+#include <utility>
 
 namespace qbrpt::text {
 
@@ -139,7 +140,7 @@ std::shared_ptr<const report::TextBlock> TextEngine::Layout(std::string_view tex
         }
         const StyleFaces& faces = mFonts.Faces(style);
         const UnitCutter cut = [&](const Unit& unit, report::Twips width) { return Cut(faces, unit, width); };
-        for (const Line& line : BreakLines(std::move(mUnits), maxWidth, cut))
+        for (const Line& line : BreakLines(std::exchange(mUnits, {}), maxWidth, cut))
             mBuilder.AddLine(line);
     }
     auto block = mBuilder.Finish();
