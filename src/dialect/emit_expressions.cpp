@@ -129,6 +129,8 @@ void Emitter::EmitValue(const Node& original, Level level) {
     }
     case NodeType::Subquery:
         return EmitNested(node, level);
+    case NodeType::Lookup:
+        return EmitLookup(node);
     case NodeType::Call:
         return EmitCall(node, level);
     default:
@@ -291,6 +293,16 @@ void Emitter::EmitArithmetic(const Node& node, Level level) {
         EmitNumber(*node.operands[1], Or);
         return Put(")");
     }
+}
+
+// What is not in the totals has no rows: a count of 0, null for all other aggregates.
+void Emitter::EmitLookup(const Node& node) {
+    if (node.star) Put("COALESCE(");
+    Put("(SELECT \"c" + std::to_string(node.whole) + "\" FROM ");
+    PutName(node.text);
+    Put(" WHERE \"c1\" = ");
+    EmitValue(*node.operands[0], Bits);
+    Put(node.star ? "), 0)" : ")");
 }
 
 void Emitter::EmitNested(const Node& node, Level level) {

@@ -10,6 +10,7 @@ std::string Emitter::Emit(const Statement& statement) {
     mOut.clear();
     switch (statement.kind) {
     case StatementKind::Select:
+        EmitTotals(statement);
         EmitQuery(*statement.query, Naming::Output);
         break;
     case StatementKind::Insert:
@@ -23,6 +24,17 @@ std::string Emitter::Emit(const Statement& statement) {
         break;
     }
     return std::move(mOut);
+}
+
+void Emitter::EmitTotals(const Statement& statement) {
+    for (std::size_t i = 0; i < statement.totals.size(); ++i) {
+        Put(i == 0 ? "WITH " : ", ");
+        PutName(statement.totals[i].name);
+        Put(" AS MATERIALIZED (");
+        EmitQuery(*statement.totals[i].query, Naming::Internal);
+        Put(")");
+    }
+    if (!statement.totals.empty()) Put(" ");
 }
 
 void Emitter::EmitInsert(const Statement& statement) {

@@ -35,6 +35,7 @@ private:
     class Deeper;
 
     // Statements.
+    void EmitTotals(const Statement& statement);
     void EmitInsert(const Statement& statement);
     void EmitUpdate(const Statement& statement);
     void EmitDelete(const Statement& statement);
@@ -71,6 +72,7 @@ private:
     void EmitArithmetic(const Node& node, Level level);
     void EmitOperands(const Node& node, std::string_view sign, Level level, bool wholes);
     void EmitNested(const Node& node, Level level);
+    void EmitLookup(const Node& node);
 
     // Comparisons.
     void EmitCompare(const Node& node, Level level);

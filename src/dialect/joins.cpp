@@ -81,18 +81,6 @@ void StrengthenJoins(JoinNode& join, const std::vector<const Node*>& tests) {
     StrengthenJoins(*join.left, join.type == JoinNode::Type::Inner ? all : tests);
 }
 
-NodePtr Both(NodePtr left, NodePtr right) {
-    if (!left) return right;
-    if (!right) return left;
-    auto both = std::make_unique<Node>();
-    both->type = NodeType::And;
-    both->kind = ValueKind::Boolean;
-    both->height = std::max(left->height, right->height) + 1;
-    both->operands.push_back(std::move(left));
-    both->operands.push_back(std::move(right));
-    return both;
-}
-
 // (L . (R1 . R2)) becomes ((L . R1) . R2): `join` keeps its place, `condition` goes to the inner one.
 void RotateLeft(JoinNode& join, JoinNode::Type inner, NodePtr innerCondition, JoinNode::Type outer,
                 NodePtr outerCondition) {
@@ -136,6 +124,18 @@ void LeanLeft(JoinNode& join) {
 }
 
 } // namespace
+
+NodePtr Both(NodePtr left, NodePtr right) {
+    if (!left) return right;
+    if (!right) return left;
+    auto both = std::make_unique<Node>();
+    both->type = NodeType::And;
+    both->kind = ValueKind::Boolean;
+    both->height = std::max(left->height, right->height) + 1;
+    both->operands.push_back(std::move(left));
+    both->operands.push_back(std::move(right));
+    return both;
+}
 
 std::vector<const Source*> SourcesOf(const JoinNode& join) {
     std::vector<const Source*> sources;

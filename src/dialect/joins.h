@@ -17,6 +17,9 @@ void RewriteJoins(Select& select);
 /// The parts of a condition that must all be true.
 [[nodiscard]] std::vector<const Node*> Conjuncts(const Node* condition);
 
+/// Both conditions in one; either may be missing.
+[[nodiscard]] NodePtr Both(NodePtr left, NodePtr right);
+
 /// Whether `condition` can't be true in a row where all columns of `source` are null.
 [[nodiscard]] bool RejectsNulls(const Node& condition, const Source& source);
 

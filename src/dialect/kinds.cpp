@@ -110,7 +110,8 @@ bool Same(const Node& leftNode, const Node& rightNode, int& budget) {
                left.binding.select == right.binding.select && left.binding.index == right.binding.index;
     }
     if (left.type == NodeType::Call && left.builtin != right.builtin) return false;
-    if (left.type == NodeType::Text && left.text != right.text) return false;
+    const bool texts = left.type == NodeType::Text || left.type == NodeType::Lookup;
+    if (texts && left.text != right.text) return false;
     if (left.whole != right.whole || left.number != right.number) return false;
     for (std::size_t i = 0; i < left.operands.size(); ++i) {
         if (!Same(*left.operands[i], *right.operands[i], budget)) return false;
@@ -125,6 +126,27 @@ const Node& Meaning(const Node& node) {
     while (meaning->type == NodeType::Name && meaning->binding.target == Binding::Target::Alias)
         meaning = meaning->binding.select->items[meaning->binding.index].expression.get();
     return *meaning;
+}
+
+NodePtr CopyOf(const Node& node) {
+    auto copy = std::make_unique<Node>();
+    copy->type = node.type;
+    copy->op = node.op;
+    copy->negated = node.negated;
+    copy->star = node.star;
+    copy->offset = node.offset;
+    copy->word = node.word;
+    copy->qualifier = node.qualifier;
+    copy->text = node.text;
+    copy->whole = node.whole;
+    copy->number = node.number;
+    copy->height = node.height;
+    copy->kind = node.kind;
+    copy->binding = node.binding;
+    copy->builtin = node.builtin;
+    for (const NodePtr& operand : node.operands)
+        copy->operands.push_back(CopyOf(*operand));
+    return copy;
 }
 
 bool SameExpression(const Node& left, const Node& right) {

@@ -28,6 +28,9 @@ namespace qbrpt::dialect {
 /// The number of a literal, with its sign; nothing for any other expression.
 [[nodiscard]] std::optional<double> LiteralNumber(const Node& node);
 
+/// A copy of an expression that holds no query.
+[[nodiscard]] NodePtr CopyOf(const Node& node);
+
 /// Whether both mean the same value in the same row.
 [[nodiscard]] bool SameExpression(const Node& left, const Node& right);
 

@@ -47,7 +47,8 @@ enum class NodeType : std::uint8_t {
     IsNull,
     Exists,
     Subquery,
-    Call
+    Call,
+    Lookup ///< made by a rewrite: column `whole` of the totals `text`, in the row of the operand's key
 };
 
 enum class Operator : std::uint8_t {
@@ -188,6 +189,12 @@ struct Assignment {
     ValueKind kind = ValueKind::Null; ///< of the column
 };
 
+/// Aggregates over one table, once for all values of a key: made by a rewrite. The first column is the key.
+struct Totals {
+    std::string name;
+    std::unique_ptr<Query> query;
+};
+
 /// A whole statement.
 struct Statement {
     StatementKind kind = StatementKind::Select;
@@ -196,6 +203,7 @@ struct Statement {
     // Of the writing ones. The target stands as the only source of a select, so that names find it.
     std::unique_ptr<Select> target;
     std::vector<Assignment> assignments;
+    std::vector<Totals> totals; ///< filled in by a rewrite
 };
 
 } // namespace qbrpt::dialect
