@@ -17,8 +17,6 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
 endif()
 target_include_directories(qbrpt_options INTERFACE "${CMAKE_SOURCE_DIR}/src")
 if(QBRPT_SANITIZE)
-  # The added checks make GCC see uninitialized values in the standard library's own templates.
-  target_compile_options(qbrpt_options INTERFACE -Wno-maybe-uninitialized)
   target_compile_options(qbrpt_options INTERFACE -fsanitize=${QBRPT_SANITIZE} -fno-omit-frame-pointer
                                                  -fno-sanitize-recover=all)
   target_link_options(qbrpt_options INTERFACE -fsanitize=${QBRPT_SANITIZE})
