@@ -161,7 +161,12 @@ void Binder::BindAssignments(Statement& statement) {
     Scope* values = statement.kind == StatementKind::Insert ? nullptr : &scope;
     if (statement.kind == StatementKind::Insert && !statement.assignments.empty() &&
         statement.assignments.front().column.empty()) { // VALUES without a list of columns
-        for (std::size_t i = 0; i < statement.assignments.size() && i < source.columns.size(); ++i)
+        if (statement.assignments.size() != source.columns.size())
+            mDiagnostics->Raise(FailureNumber::SyntaxError, source.offset, source.word,
+                                "There are " + std::to_string(statement.assignments.size()) +
+                                    " values for the " + std::to_string(source.columns.size()) +
+                                    " columns of the table");
+        for (std::size_t i = 0; i < source.columns.size(); ++i)
             statement.assignments[i].column = source.columns[i].name;
     } else if (statement.query && statement.assignments.empty()) {
         for (const SourceColumn& column : source.columns)

@@ -91,6 +91,8 @@ const Row Rows[] = {
      "3075: There are fewer values than columns (line 1, column 42, at \")\")."},
     {"MoreValues", "INSERT INTO users(id) VALUES(1, 2)",
      "3075: There are more values than columns (line 1, column 33, at \"2\")."},
+    {"FewerValuesThanTheTableHas", "INSERT INTO users VALUES(1)",
+     "3075: There are 1 values for the 2 columns of the table (line 1, column 13, at \"users\")."},
     {"UpdateJoin", "UPDATE users INNER JOIN members ON 1 = 1 SET id = 1",
      "3075: UPDATE takes one table, without a join (line 1, column 25, at \"members\")."},
     {"NoSuchTable", "SELECT * FROM userz",
