@@ -22,7 +22,7 @@ namespace {
 /// Boxes on standard error, which remember whether one of them told of an error.
 class CommandBoxes : public ConsoleBoxes {
 public:
-    explicit CommandBoxes(BoxAnswer onError) : ConsoleBoxes(std::cerr, onError) {}
+    CommandBoxes(BoxAnswer onError, ProgressLine& line) : ConsoleBoxes(std::cerr, onError), mLine(line) {}
     [[nodiscard]] bool ErrorSeen() const { return mErrorSeen; }
 
 private:
@@ -30,8 +30,10 @@ private:
         // The user knows that he stopped it.
         if (InterruptSignal() != 0) return BoxAnswer::Cancel;
         if (style == BoxStyle::Critical || style == BoxStyle::CriticalRetryCancel) mErrorSeen = true;
+        mLine.Wipe();
         return ConsoleBoxes::DoMsgBox(text, style, title);
     }
+    ProgressLine& mLine;
     bool mErrorSeen = false;
 };
 
@@ -44,15 +46,16 @@ private:
     }
 };
 
-/// What a run has made, and where it says so.
-struct Made {
-    bool report = false;
-    [[nodiscard]] FileMade Teller() {
-        return [this](const std::filesystem::path& file) {
-            report = true;
-            std::cerr << "qbrpt: " << file.string() << std::endl;
-        };
+/// Says on the terminal what takes so long.
+class ProgressObserver : public PortObserver {
+public:
+    explicit ProgressObserver(ProgressLine& line) : mLine(line) {}
+    void Called(const PortCall& call) override {
+        if (call.operation == "OpenRecordset") mLine.Begin("reading rows");
     }
+
+private:
+    ProgressLine& mLine;
 };
 
 /// One call with all that belongs to it. Undoes the platform at its end.
@@ -71,32 +74,49 @@ public:
             object.SetMainTitle(mCall.title, mCall.addr1, mCall.addr2);
             if (OpenDatabase(object)) Call(object);
         }
+        mLine.Wipe();
         return Status();
     }
 
 private:
     void InstallPlatform() {
         RealParts parts;
-        mBoxes = std::make_shared<CommandBoxes>(mCall.onError.value_or(AnswerFromSettings()));
+        mBoxes = std::make_shared<CommandBoxes>(mCall.onError.value_or(AnswerFromSettings()), mLine);
         parts.messages = Ref<MessageBoxes>(mBoxes);
-        const PdfPrinter pdfPrinter(PdfFolder());
+        const PageProgress progress = [this](std::size_t done, std::size_t all) { ShowPages(done, all); };
+        const PdfPrinter pdfPrinter(PdfFolder(), progress);
         if (mCall.destination == Destination::Files) {
-            mFiles = std::make_shared<FileOutput>(mCall.pdfFile, mCall.csvFile);
+            mFiles = std::make_shared<FileOutput>(mCall.pdfFile, mCall.csvFile, progress);
             if (mCall.member->outcome == Outcome::Report) mFiles->Begin();
             parts.delivery = mFiles;
             parts.viewer = std::make_shared<FileOutputViewer>(mFiles);
             parts.printers = std::make_shared<PrinterList>(std::vector{pdfPrinter.Info()});
         } else {
-            parts.delivery = std::make_shared<PrinterDelivery>(pdfPrinter, mMade.Teller());
+            const FileMade teller = [this](const std::filesystem::path& file) { TellOf(file); };
+            parts.delivery = std::make_shared<PrinterDelivery>(pdfPrinter, teller);
             if (mCall.destination == Destination::Printer)
                 parts.viewer = std::make_shared<PrintingViewer>();
             else
-                parts.viewer = std::make_shared<FileViewer>(pdfPrinter, mMade.Teller());
+                parts.viewer = std::make_shared<FileViewer>(pdfPrinter, teller);
         }
         if (!mCall.traceFile.empty()) parts.trace = std::make_shared<TraceWriter>(mCall.traceFile);
         auto platform = MakeRealPlatform(std::move(parts));
         platform->observers.Add(std::make_shared<InterruptObserver>());
+        platform->observers.Add(std::make_shared<ProgressObserver>(mLine));
         Platform::Install(std::move(platform));
+    }
+
+    void ShowPages(std::size_t done, std::size_t all) {
+        StopIfInterrupted();
+        // Before the first page the report is measured.
+        mLine.Show(done == 0 ? "laying out pages"
+                             : "page " + std::to_string(done) + " of " + std::to_string(all));
+    }
+
+    void TellOf(const std::filesystem::path& file) {
+        mMade = true;
+        mLine.Wipe();
+        std::cerr << "qbrpt: " << file.string() << std::endl;
     }
 
     void ChoosePrinter() const {
@@ -126,7 +146,7 @@ private:
         if (const int signal = InterruptSignal(); signal != 0) return Interrupted + signal;
         if (mBoxes->ErrorSeen()) return ErrorShown;
         if (mCall.member->outcome != Outcome::Report) return ReportMade;
-        if (mMade.report || (mFiles && mFiles->Written())) return ReportMade;
+        if (mMade || (mFiles && mFiles->Written())) return ReportMade;
         std::cerr << (mCall.database.empty() && mCall.connect.empty()
                           ? "qbrpt: nothing was made: no database was given (--db).\n"
                           : "qbrpt: no rows, nothing was made.\n");
@@ -136,7 +156,8 @@ private:
     const MemberCall& mCall;
     std::shared_ptr<CommandBoxes> mBoxes;
     std::shared_ptr<FileOutput> mFiles;
-    Made mMade;
+    ProgressLine mLine;
+    bool mMade = false;
 };
 
 } // namespace

@@ -1,7 +1,8 @@
 #include "file_output.h"
 
 #include "interrupt.h"
-#include "progress_line.h"
+
+#include <utility>
 
 namespace qbrpt::cli {
 
@@ -10,8 +11,8 @@ AtomicFile& FileOutput::Target::Open() {
     return *file;
 }
 
-FileOutput::FileOutput(const std::string& pdfFile, const std::string& csvFile)
-    : mPdf{pdfFile, nullptr}, mCsv{csvFile, nullptr} {}
+FileOutput::FileOutput(const std::string& pdfFile, const std::string& csvFile, PageProgress progress)
+    : mPdf{pdfFile, nullptr}, mCsv{csvFile, nullptr}, mProgress(std::move(progress)) {}
 
 void FileOutput::Begin() {
     for (Target* target : {&mPdf, &mCsv})
@@ -23,15 +24,11 @@ void FileOutput::Print(ReportOutput& report, const PrintJob& job) {
 }
 
 void FileOutput::Write(ReportOutput& report, const PageRange& pages) {
-    ProgressLine line;
     if (!mPdf.name.empty()) {
         InterruptibleSink sink(mPdf.Open());
-        report.WritePdf(sink, pages, [&line](std::size_t done, std::size_t all) {
-            line.Show("page " + std::to_string(done) + " of " + std::to_string(all));
-        });
+        report.WritePdf(sink, pages, mProgress);
     }
     if (!mCsv.name.empty()) {
-        line.Show("writing " + mCsv.name);
         InterruptibleSink sink(mCsv.Open());
         report.WriteCsv(sink);
     }

@@ -15,7 +15,7 @@ namespace qbrpt::cli {
 class FileOutput : public Delivery {
 public:
     /// Empty names are left out.
-    FileOutput(const std::string& pdfFile, const std::string& csvFile);
+    FileOutput(const std::string& pdfFile, const std::string& csvFile, PageProgress progress);
 
     /// Begins the files before any work is done, so that a place that cannot be written shows at once. They
     /// appear only when both are complete.
@@ -35,6 +35,7 @@ private:
     };
     Target mPdf;
     Target mCsv;
+    PageProgress mProgress;
     bool mWritten = false;
 };
 

@@ -41,13 +41,16 @@ int InterruptSignal() {
     return cameBy;
 }
 
+void StopIfInterrupted() {
+    database::StopIfCancelled();
+}
+
 void InterruptObserver::Called(const PortCall& call) {
-    if (call.port.starts_with("DAO.") || call.port.starts_with("CrystalRuntime."))
-        database::StopIfCancelled();
+    if (call.port.starts_with("DAO.") || call.port.starts_with("CrystalRuntime.")) StopIfInterrupted();
 }
 
 void InterruptibleSink::Write(std::string_view bytes) {
-    database::StopIfCancelled();
+    StopIfInterrupted();
     mSink.Write(bytes);
 }
 

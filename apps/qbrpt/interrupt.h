@@ -19,6 +19,9 @@ public:
     void Called(const PortCall& call) override;
 };
 
+/// Raises Failure Cancelled once an interrupt has come.
+void StopIfInterrupted();
+
 /// Passes bytes on until an interrupt has come.
 class InterruptibleSink : public ByteSink {
 public:

@@ -6,8 +6,7 @@
 
 namespace qbrpt::cli {
 
-/// Shows nothing where standard error is no terminal, and nothing for work that is soon done. The line is
-/// wiped away at the end.
+/// Shows nothing where standard error is no terminal. The line is wiped away at the end.
 class ProgressLine {
 public:
     ProgressLine();
@@ -15,7 +14,12 @@ public:
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
 
+    /// Shows `text`, but not more often than an eye can follow.
     void Show(const std::string& text);
+    /// Shows `text` whatever was shown a moment ago: for the beginning of a step of unknown length.
+    void Begin(const std::string& text);
+    /// Makes room for other words on standard error.
+    void Wipe();
 
 private:
     using Clock = std::chrono::steady_clock;

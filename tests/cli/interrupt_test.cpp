@@ -82,6 +82,17 @@ TEST_P(InterruptOfAReport, LeavesNothingHalfWritten) {
 INSTANTIATE_TEST_SUITE_P(Signals, InterruptOfAReport, ::testing::Values(SIGINT, SIGTERM, SIGHUP),
                          [](const auto& row) { return "Signal" + std::to_string(row.param); });
 
+TEST(Interrupt, OfAPrintLeavesNothing) {
+    const Cafe cafe(20'000, 1);
+    ChildProcess command(CommandOf({"PrintIncome", "0", "0", "0", "0", "--db", cafe.Database()}),
+                         {{"QBRPT_PDF_FOLDER", cafe.File("pages")}, {"QBRPT_TRACE", cafe.File("t")}});
+    ASSERT_TRUE(Soon([&] { return ContentOf(cafe.File("t")).find("HotelAddr2Text") != std::string::npos; }))
+        << "the heading is written; printing comes next";
+    command.Signal(SIGINT);
+    EXPECT_EQ(command.Wait().status, StatusOfInterrupt);
+    EXPECT_TRUE(!cafe.Has("pages") || std::filesystem::is_empty(cafe.File("pages")));
+}
+
 TEST(Interrupt, AReaderThatHasGoneIsAnErrorWithWords) {
     const Cafe cafe(6000, 1);
     auto reader = std::make_unique<SlowReader>(cafe.File("pipe"));

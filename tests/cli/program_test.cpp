@@ -202,6 +202,16 @@ TEST(Program, DevicesTakeTheTableAsItComes) {
     EXPECT_THAT(result.out, StartsWith("\xEF\xBB\xBFmdate,"));
 }
 
+TEST(Program, ATerminalSeesHowFarItIs) {
+    const Cafe cafe;
+    const std::string command = std::string{QBRPT_COMMAND} + " PrintIncome 0 0 0 --db '" + cafe.Database() +
+                                "' --csv '" + cafe.File("i.csv") + "'";
+    const ProgramResult result = RunProgram({"script", "-qec", command, "/dev/null"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.out, HasSubstr("reading rows"));
+    EXPECT_TRUE(result.out.ends_with("\r\033[K")) << "the line is wiped away: " << result.out;
+}
+
 TEST(Program, SampleRefusesAFileThatIsNoDatabase) {
     const TempFolder folder;
     WriteContent(folder / "letter.txt", "dear");

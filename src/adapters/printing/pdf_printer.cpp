@@ -60,7 +60,7 @@ fs::path PdfPrinter::Print(ReportOutput& report, const PrintJob& job) const {
                                                      ". QBRPT_PDF_FOLDER names another one.");
     const std::string stem = FileStemOf(job.title);
     AtomicFile file(mFolder / (stem + ".pdf"));
-    report.WritePdf(file, job.pages, {});
+    report.WritePdf(file, job.pages, mProgress);
     for (int number = 1; number <= MostNumbers; ++number) {
         const std::string suffix = number == 1 ? "" : " (" + std::to_string(number) + ")";
         if (file.CommitAs(mFolder / (stem + suffix + ".pdf"))) return file.Target();

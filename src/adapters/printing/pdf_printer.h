@@ -15,7 +15,9 @@ constexpr std::string_view PdfPrinterName = "qbrpt PDF";
 /// number behind it. Copies are not repeated in the file.
 class PdfPrinter {
 public:
-    explicit PdfPrinter(std::filesystem::path folder) : mFolder(std::move(folder)) {}
+    /// `progress` is told of the pages of each job, and may stop it.
+    explicit PdfPrinter(std::filesystem::path folder, PageProgress progress = {})
+        : mFolder(std::move(folder)), mProgress(std::move(progress)) {}
 
     /// A4 upright; the folder stands as its port.
     [[nodiscard]] PrinterInfo Info() const;
@@ -25,6 +27,7 @@ public:
 
 private:
     std::filesystem::path mFolder;
+    PageProgress mProgress;
 };
 
 /// A file name made from a title: characters that a file name cannot have become "-", a long title is cut
