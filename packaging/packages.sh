@@ -32,15 +32,11 @@ install_missing() {
         as_root=sudo
     fi
     echo "Installing:$missing"
-    install_log=$(mktemp)
-    if $as_root apt-get update -q </dev/null >"$install_log" 2>&1 &&
-        $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends $missing \
-            </dev/null >>"$install_log" 2>&1; then
-        rm -f "$install_log"
+    if run_quietly $as_root apt-get update -q &&
+        run_quietly $as_root env DEBIAN_FRONTEND=noninteractive \
+            apt-get install -q -y --no-install-recommends $missing; then
         return 0
     fi
-    cat "$install_log" >&2
-    rm -f "$install_log"
     echo "The packages could not be installed (see above)." >&2
     return 1
 }
@@ -58,14 +54,20 @@ build_tree() {
     if [ -f "$cache" ] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "$cache"; then
         rm -rf "$tree"
     fi
-    build_log=$(mktemp)
-    if ! cmake --preset "$preset" >"$build_log" 2>&1; then
-        cat "$build_log" >&2
-        rm -f "$build_log"
-        return 1
+    run_quietly cmake --preset "$preset" || return 1
+    if [ -t 1 ]; then
+        cmake --build "$tree" ${*:+--target "$@"}
+    else
+        run_quietly cmake --build "$tree" ${*:+--target "$@"}
     fi
-    rm -f "$build_log"
-    quiet=--quiet
-    [ ! -t 1 ] || quiet=
-    cmake --build "$tree" ${*:+--target "$@"} -- $quiet
+}
+
+# run_quietly COMMAND... shows what a command says only when it fails.
+run_quietly() {
+    quiet_log=$(mktemp)
+    quiet_status=0
+    "$@" </dev/null >"$quiet_log" 2>&1 || quiet_status=$?
+    [ "$quiet_status" -eq 0 ] || cat "$quiet_log" >&2
+    rm -f "$quiet_log"
+    return "$quiet_status"
 }
