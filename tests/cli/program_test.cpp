@@ -204,8 +204,8 @@ TEST(Program, DevicesTakeTheTableAsItComes) {
 
 TEST(Program, ATerminalSeesHowFarItIs) {
     const Cafe cafe;
-    const std::string command = std::string{QBRPT_COMMAND} + " PrintIncome 0 0 0 --db '" + cafe.Database() +
-                                "' --csv '" + cafe.File("i.csv") + "'";
+    const std::string command = "'" + std::string{QBRPT_COMMAND} + "' PrintIncome 0 0 0 --db '" +
+                                cafe.Database() + "' --csv '" + cafe.File("i.csv") + "'";
     const ProgramResult result = RunProgram({"script", "-qec", command, "/dev/null"});
     EXPECT_EQ(result.status, 0);
     EXPECT_THAT(result.out, HasSubstr("reading rows"));
