@@ -57,7 +57,8 @@ protected:
 
 TEST_F(Installed, ServesAHostThroughItsCMakePackage) {
     const fs::path build = mFolder / "build";
-    Must({"cmake", "-S", Host.string(), "-B", build.string(), "-DCMAKE_PREFIX_PATH=" + Prefix().string(),
+    Must({"cmake", "-G", "Ninja", "-S", Host.string(), "-B", build.string(),
+          "-DCMAKE_CXX_COMPILER=" QBRPT_CXX, "-DCMAKE_PREFIX_PATH=" + Prefix().string(),
           "-DCMAKE_CXX_FLAGS=" QBRPT_SANITIZE_FLAGS});
     Must({"cmake", "--build", build.string()});
     HostPrints(build / "host");
