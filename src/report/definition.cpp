@@ -146,6 +146,11 @@ const Object* FindObject(const Definition& definition, std::string_view name) {
     return FindObjectIn(definition, name);
 }
 
+std::string_view CaptionOf(const Definition& definition, const Column& column) {
+    const Object* object = FindObject(definition, column.captionObject);
+    return object != nullptr && object->type == ObjectType::Text ? object->text : column.caption;
+}
+
 Section* FindSection(Definition& definition, std::string_view name) {
     const auto found = std::find_if(definition.sections.begin(), definition.sections.end(),
                                     [name](const Section& section) { return section.name == name; });

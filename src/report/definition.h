@@ -146,6 +146,12 @@ struct Section {
     std::vector<Object> objects;
 };
 
+/// What stands before the figures of a row of totals.
+struct TotalWords {
+    std::string label; ///< may hold placeholders
+    std::string noun;  ///< counts the rows beside the label; empty: no count
+};
+
 /// Rows with equal values of a field, one after the other, make a group. Texts are equal without regard to
 /// the case of Latin letters, as the database sorts them.
 struct Group {
@@ -154,7 +160,9 @@ struct Group {
     By by = By::Value;                      ///< Day: the whole days of a date
     ValueFormat format = ValueFormat::Text; ///< how {group} is written
     std::string picture{};
-    std::string whenEmpty{}; ///< what {group} says where the value is empty
+    std::string whenEmpty{};           ///< what {group} says where the value is empty
+    std::string heading{};             ///< what stands above the group; may hold placeholders
+    std::optional<TotalWords> total{}; ///< the words of its subtotal, where it has one
 };
 
 /// A value worked out from two fields of the row; empty where one of them is.
@@ -164,6 +172,22 @@ struct Computed {
     Operation operation = Operation::Multiply;
     int left = 0;  ///< position in the field list
     int right = 0; ///< position in the field list
+};
+
+/// A column of the details as a table outside of pages needs it. Pages are made from the objects alone.
+struct Column {
+    int field = -1;            ///< as in Object::field
+    std::string caption;       ///< as the layout says; a host may have written another, see CaptionOf
+    std::string captionObject; ///< the text object that shows it
+    std::string unit;          ///< small letters behind the caption
+    int tier = -1;             ///< index into Definition::tiers; -1: the captions have one tier
+    Twips width = 0;
+    ValueFormat format = ValueFormat::Text;
+    std::string picture;
+    Align align = Align::Right;
+    bool sum = false;     ///< totals and subtotals show its sum
+    bool average = false; ///< the row of averages shows its average
+    bool key = false;     ///< stands out
 };
 
 /// The words for a number of things: قيد واحد, قيدان, 8 قيود, 11 قيدًا, 100 قيد.
@@ -185,6 +209,10 @@ struct Definition {
     std::vector<Computed> computed; ///< further fields, behind those of the list
     std::vector<Group> groups;      ///< outermost first
     std::map<std::string, CountedNoun> nouns;
+    std::vector<Column> columns;       ///< from the right
+    std::vector<std::string> tiers;    ///< captions that neighbouring columns share
+    std::optional<TotalWords> total;   ///< of the sums of all rows
+    std::optional<TotalWords> average; ///< of the averages of all rows
     /// In the order of their names' numbers, as code walks them. On paper the kinds follow each other as
     /// SectionKind lists them; sections of one kind in this order.
     std::vector<Section> sections;
@@ -196,6 +224,8 @@ struct Definition {
 /// The object of this name in any section, or null.
 [[nodiscard]] Object* FindObject(Definition& definition, std::string_view name);
 [[nodiscard]] const Object* FindObject(const Definition& definition, std::string_view name);
+/// What the caption of a column says now.
+[[nodiscard]] std::string_view CaptionOf(const Definition& definition, const Column& column);
 [[nodiscard]] Section* FindSection(Definition& definition, std::string_view name);
 
 /// The position of a field or computed value by its name, or -1.

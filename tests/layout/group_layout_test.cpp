@@ -137,4 +137,27 @@ TEST_F(GroupLayout, AnEmptySectionShowsNothing) {
     EXPECT_TRUE(Section(9).objects.empty());
 }
 
+TEST_F(GroupLayout, TheColumnsAreKnownOutsideOfPages) {
+    ASSERT_EQ(definition->columns.size(), 5U);
+    const report::Column& cost = definition->columns[3];
+    EXPECT_EQ(cost.field, 9);
+    EXPECT_EQ(report::CaptionOf(*definition, cost), "المدفوع");
+    EXPECT_EQ(cost.format, report::ValueFormat::Money);
+    EXPECT_TRUE(cost.sum);
+    EXPECT_TRUE(cost.key);
+    EXPECT_EQ(cost.width, 66 * 20);
+    EXPECT_EQ(definition->columns[2].unit, "س:د");
+    EXPECT_EQ(definition->groups[0].heading, "جهاز {group}");
+    EXPECT_EQ(definition->groups[0].total->noun, "row");
+    EXPECT_FALSE(definition->groups[1].total.has_value());
+    EXPECT_EQ(definition->total->label, "المجموع الكلي");
+}
+
+TEST_F(GroupLayout, ACaptionSaysWhatAHostHasWritten) {
+    report::Definition filled = *definition;
+    report::FindObject(filled, "UserText")->text = "المشرف";
+    EXPECT_EQ(report::CaptionOf(filled, filled.columns[4]), "المشرف");
+    EXPECT_EQ(filled.columns[4].caption, "الموظف");
+}
+
 } // namespace

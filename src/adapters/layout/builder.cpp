@@ -87,12 +87,27 @@ private:
         const Table table{columns, style, mShop};
         mParts["captions"] = CaptionBand(table);
         mParts["rows"] = RowBand(table);
-        if (total != nullptr) mParts["total"] = TotalBand(table, ReadTotalWords(*total, "[total]", mShop));
-        if (average != nullptr)
-            mParts["average"] = AverageBand(table, ReadTotalWords(*average, "[average]", mShop));
+        KeepColumns(columns);
+        if (total != nullptr) {
+            const TotalWords words = ReadTotalWords(*total, "[total]", mShop);
+            mBuilt.definition->total = words;
+            mParts["total"] = TotalBand(table, words);
+        }
+        if (average != nullptr) {
+            const TotalWords words = ReadTotalWords(*average, "[average]", mShop);
+            mBuilt.definition->average = words;
+            mParts["average"] = AverageBand(table, words);
+        }
         if (groups == nullptr) return;
         for (const Node& group : groups->items)
             BuildGroup(group, table);
+    }
+
+    void KeepColumns(const Columns& columns) {
+        report::Definition& definition = *mBuilt.definition;
+        definition.columns.assign(columns.columns.begin(), columns.columns.end());
+        for (const Tier& tier : columns.tiers)
+            definition.tiers.push_back(tier.caption);
     }
 
     void BuildGroup(const Node& node, const Table& table) {
@@ -106,13 +121,15 @@ private:
             group.format = ReadFormat(reader, mShop.fields[static_cast<std::size_t>(group.field)].kind);
         group.picture = reader.Text("picture");
         group.whenEmpty = reader.Text("when_empty");
-        mBuilt.definition->groups.push_back(group);
+        group.heading = reader.Text("heading", "{group}");
         mParts["group-heading" + suffix] =
-            GroupHeadBand(table, reader.Text("heading", "{group}"), reader.Text("continued", "{continued}"),
-                          index, node.place);
-        if (const Node* total = reader.Child("total", NodeKind::Table))
-            mParts["group-total" + suffix] =
-                SubtotalBand(table, ReadTotalWords(*total, "a group's total", mShop), index);
+            GroupHeadBand(table, group.heading, reader.Text("continued", "{continued}"), index, node.place);
+        if (const Node* total = reader.Child("total", NodeKind::Table)) {
+            const TotalWords words = ReadTotalWords(*total, "a group's total", mShop);
+            group.total = words;
+            mParts["group-total" + suffix] = SubtotalBand(table, words, index);
+        }
+        mBuilt.definition->groups.push_back(group);
         reader.Finish();
     }
 

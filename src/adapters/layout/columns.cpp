@@ -40,7 +40,8 @@ Column ReadColumn(const Node& node, const Columns& before, const Workshop& shop)
     if (!field.empty()) column.field = FieldOf(field, reader.PlaceOf("field"), shop);
     column.name = UniqueName(field, before.columns);
     column.caption = reader.Text("caption");
-    column.captionObject = reader.Text("caption_object");
+    column.captionNamed = reader.Has("caption_object");
+    column.captionObject = reader.Text("caption_object", column.name + " caption");
     column.unit = reader.Text("unit");
     column.span.width = reader.Length("width");
     column.format = ReadFormat(reader, KindOf(column.field, shop));
@@ -156,6 +157,8 @@ Columns ReadColumns(const Node& list, const Node& metrics, const Workshop& shop)
             if (i != 0) right += gap;
             table.tiers[tier].span.right = right;
         }
+        table.columns[i].tier = static_cast<int>(tier) - 1;
+        table.columns[i].width = table.columns[i].span.width;
         table.columns[i].span.right = right;
         right += table.columns[i].span.width;
         if (tier > 0) table.tiers[tier - 1].span.width = right - table.tiers[tier - 1].span.right;

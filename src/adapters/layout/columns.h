@@ -8,20 +8,11 @@
 
 namespace qbrpt::layout {
 
-struct Column {
+struct Column : report::Column {
     Place place;
-    std::string name; ///< of its objects: the field's, made unique where two columns show one field
-    int field = -1;
-    std::string caption;
-    std::string captionObject; ///< the name under which code finds the caption; empty: none does
-    std::string unit;          ///< stands in small grey letters behind the caption
+    std::string name;          ///< of its objects: the field's, made unique where two columns show one field
+    bool captionNamed = false; ///< code finds the caption by its name
     Span span;                 ///< from the template's right edge, padding included
-    report::ValueFormat format = report::ValueFormat::Text;
-    std::string picture;
-    report::Align align = report::Align::Right;
-    bool sum = false;
-    bool average = false;
-    bool key = false; ///< bold, on a light tint
     bool grow = false;
     bool hideRepeated = false;
 };

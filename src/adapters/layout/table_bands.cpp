@@ -10,8 +10,8 @@ using report::Align;
 using report::ObjectType;
 
 Placed Caption(const Table& table, const Column& column, const RowMeasure& row, report::Twips top) {
-    Placed caption{{}, column.place, !column.captionObject.empty()};
-    caption.object.name = caption.named ? column.captionObject : column.name + " caption";
+    Placed caption{{}, column.place, column.captionNamed};
+    caption.object.name = column.captionObject;
     caption.object.type = ObjectType::Text;
     caption.object.text = column.caption;
     caption.object.align = column.align;

@@ -20,10 +20,8 @@ struct Table {
 [[nodiscard]] Band RowBand(const Table& table);
 
 /// What is written before the figures of a total row.
-struct TotalWords {
+struct TotalWords : report::TotalWords {
     Place place;
-    std::string label;
-    std::string noun; ///< counts the rows beside the label; empty: no count
     report::Align countAlign = report::Align::Right;
 };
 [[nodiscard]] TotalWords ReadTotalWords(const Node& node, std::string_view what, const Workshop& shop);
