@@ -22,6 +22,16 @@ void Screen::Beep() {
     DoBeep();
 }
 
+double Screen::TwipsPerPixelX() {
+    Announce("Screen", "TwipsPerPixelX");
+    return DoTwipsPerPixelX();
+}
+
+double Screen::TwipsPerPixelY() {
+    Announce("Screen", "TwipsPerPixelY");
+    return DoTwipsPerPixelY();
+}
+
 BoxAnswer MessageBoxes::MsgBox(const std::string& text, int style, const std::optional<std::string>& title) {
     const std::string shownTitle = title.value_or(std::string{DefaultBoxTitle});
     Announce("MessageBoxes", "MsgBox", {text, std::int64_t{style}, shownTitle});

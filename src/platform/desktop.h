@@ -31,10 +31,16 @@ class Screen : public Port {
 public:
     void SetMousePointer(Pointer pointer);
     void Beep();
+    /// Twips that a pixel of the screen takes.
+    [[nodiscard]] double TwipsPerPixelX();
+    [[nodiscard]] double TwipsPerPixelY();
 
 private:
     virtual void DoSetMousePointer(Pointer pointer) = 0;
     virtual void DoBeep() = 0;
+    // A screen of 96 dots to the inch, as desktops and report pages reckon.
+    virtual double DoTwipsPerPixelX() { return 15; }
+    virtual double DoTwipsPerPixelY() { return 15; }
 };
 
 /// Message box styles: an icon, a set of buttons and reading flags, added up.

@@ -11,7 +11,7 @@
 namespace qbrpt {
 
 void ApplyMainTitle(const Ref<ReportTemplate>& report, const MainTitle& title) {
-    report->SetHotelInfo(title.name1, title.addr1, title.addr2);
+    report->SetHotelInfoByName(title.name1, title.addr1, title.addr2);
 }
 
 void RunOwnedReport(Ref<ReportTemplate> report, const Ref<DAO::Recordset>& records, bool bSetData, bool bShow,

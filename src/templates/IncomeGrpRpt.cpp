@@ -6,10 +6,6 @@ IncomeGrpRpt::IncomeGrpRpt() : ReportTemplate("IncomeGrpRpt") {
     HandleFormat("Section6", [this] { Section6_Format(); });
 }
 
-void IncomeGrpRpt::SetOtherTitle(const std::string& title) {
-    SetTitleText("SetOtherTitle", "IncomeTitleText", title);
-}
-
 void IncomeGrpRpt::Section6_Format() {
     // The status is read and thrown away; nothing on the page depends on it.
     static_cast<void>(Report()->PrintingStatus());

@@ -8,9 +8,10 @@ namespace qbrpt {
 class IncomeGrpRpt final : public ReportTemplate {
 public:
     IncomeGrpRpt();
-    void SetOtherTitle(const std::string& title);
-
-private:
+    using ReportTemplate::ReportWidth;
+    using ReportTemplate::Report_Initialize;
+    using ReportTemplate::SetHotelInfo;
+    using ReportTemplate::SetOtherTitle;
     void Section6_Format();
 };
 

@@ -7,8 +7,11 @@ namespace qbrpt {
 
 class IncomeRpt final : public ReportTemplate {
 public:
-    IncomeRpt();
-    void SetOtherTitle(const std::string& title);
+    IncomeRpt() : ReportTemplate("IncomeRpt") {}
+    using ReportTemplate::ReportWidth;
+    using ReportTemplate::Report_Initialize;
+    using ReportTemplate::SetHotelInfo;
+    using ReportTemplate::SetOtherTitle;
 };
 
 } // namespace qbrpt

@@ -1,14 +1,18 @@
 // Money paid out: a line a payment, with their sum.
 #pragma once
 
-#include "templates/logo_template.h"
+#include "templates/report_template.h"
 
 namespace qbrpt {
 
-class PayOutRpt final : public LogoTemplate {
+class PayOutRpt final : public ReportTemplate {
 public:
-    PayOutRpt();
-    void SetHeadTitle(const std::string& title);
+    PayOutRpt() : ReportTemplate("PayOutRpt") {}
+    using ReportTemplate::ReportWidth;
+    using ReportTemplate::SetHotelInfo;
+    using ReportTemplate::SetLogo;
+    using ReportTemplate::Report_Initialize;
+    using ReportTemplate::SetHeadTitle;
 };
 
 } // namespace qbrpt

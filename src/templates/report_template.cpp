@@ -1,7 +1,9 @@
 #include "templates/report_template.h"
 
+#include "platform/desktop.h"
 #include "platform/platform.h"
 #include "support/Startupmdl.h"
+#include "support/error_trap.h"
 
 #include <vector>
 
@@ -18,33 +20,59 @@ void ReportTemplate::Report_Initialize() {
     mFirstSectionHeight = mReport->Sections(1)->Height();
 }
 
-void ReportTemplate::SetHotelInfo(const std::string& Name1, const std::string& addr1,
-                                  const std::string& addr2) {
+void ReportTemplate::SetHotelInfoByName(const std::string& Name1, const std::string& addr1,
+                                        const std::string& addr2) {
     TellObservers("SetHotelInfo", {Name1, addr1, addr2});
-    const auto write = [this](const char* object, const std::string& text) {
-        mReport->ObjectNamed(object)->SetText(text);
-    };
     switch (mFacts.heading) {
     case HotelHeading::None:
         throw Failure(FailureNumber::NotInCollection,
                       "The report template \"" + std::string(mFacts.name) + "\" has no member SetHotelInfo.");
     case HotelHeading::TopBottom:
-        write("HotelNameTextTop", Name1);
-        write("HotelNameTextBottom", Name1);
+        SetText("HotelNameTextTop", Name1);
+        SetText("HotelNameTextBottom", Name1);
         break;
     case HotelHeading::NameOnly:
     case HotelHeading::NameAddress:
-        write("HotelNameText", Name1);
+        SetText("HotelNameText", Name1);
     }
     if (mFacts.heading == HotelHeading::NameOnly) return;
-    write("HotelAddr1Text", addr1);
-    write("HotelAddr2Text", addr2);
+    SetText("HotelAddr1Text", addr1);
+    SetText("HotelAddr2Text", addr2);
+}
+
+void ReportTemplate::SetLogo(const Ref<const Picture>& logo) {
+    ErrorTrap trap(ErrorTrap::BoxThenLeave, {}, BoxStyle::Plain);
+    trap.Step([&] {
+        TellObservers("SetLogo", {});
+        mLogo = logo;
+    });
+}
+
+void ReportTemplate::SetHeadTitle(const std::string& title) {
+    SetTitleText("SetHeadTitle", "HeadTitleText", title);
+}
+
+void ReportTemplate::SetOtherTitle(const std::string& title) {
+    SetTitleText("SetOtherTitle", "IncomeTitleText", title);
+}
+
+void ReportTemplate::SetInfoData(const std::string& title) {
+    SetTitleText("SetInfoData", "IncomeTitleText", title);
+}
+
+void ReportTemplate::SetOtherTitels(const std::string& title) {
+    ErrorTrap trap(ErrorTrap::SilentGoOn);
+    trap.Step([&] { SetTitleText("SetOtherTitels", "OtherTitleText", title); });
+}
+
+void ReportTemplate::SetText(const std::string& object, const std::string& text) {
+    mReport->ObjectNamed(object)->SetText(text);
 }
 
 void ReportTemplate::SetTitleText(std::string_view member, const std::string& object,
                                   const std::string& text) {
     TellObservers(member, {text});
-    mReport->ObjectNamed(object)->SetText(text);
+    SetText(object, text);
 }
 
 void ReportTemplate::HandleFormat(const std::string& section, const std::function<void()>& handler) {
