@@ -47,6 +47,5 @@ function(qbrpt_test name)
   target_link_libraries(test_${name} PRIVATE qbrpt_options ${TEST_USES} GTest::gmock_main)
   target_include_directories(test_${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
   target_compile_options(test_${name} PRIVATE -O1) # tests are compiled more often than they are waited for
-  target_compile_definitions(test_${name} PRIVATE QBRPT_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
   gtest_discover_tests(test_${name} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300)
 endfunction()

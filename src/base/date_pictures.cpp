@@ -3,14 +3,13 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 
 namespace qbrpt {
 
 namespace {
 
 char Small(char c) {
-    return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
 bool StartsWith(std::string_view text, std::string_view word) {

@@ -55,7 +55,7 @@ Twips FiguresWidth(const FigureFont& font, std::string_view figures) {
     float ems = 0;
     for (const char figure : figures)
         ems += font.advance[static_cast<unsigned char>(figure) & 0x7FU];
-    return static_cast<Twips>(std::lround(ems * font.size));
+    return static_cast<Twips>(ems * font.size + 0.5F); // no figure is less than nothing wide
 }
 
 bool TextFitter::FitsOnLine(std::string_view text, StyleId style, BaseDirection base, Twips width) {

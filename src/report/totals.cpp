@@ -30,7 +30,9 @@ bool NumberOf(const CellView& value, double& number) {
 
 void ExactSum::Add(double value) {
     const double units = value * UnitsInOne;
-    const double whole = std::nearbyint(units);
+    // Added to it, a number below 2^51 loses its fraction to the rounding of the sum.
+    constexpr double roundsWhole = 6755399441055744.0;
+    const double whole = (units + roundsWhole) - roundsWhole;
     // The double nearest to a decimal lies within a rounding error of it; 1/3 lies far from every one.
     if (std::fabs(value) < LargestDecimal && whole / UnitsInOne == value) {
         const std::int64_t sum = mUnits + static_cast<std::int64_t>(whole);

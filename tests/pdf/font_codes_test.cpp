@@ -71,8 +71,8 @@ TEST(Numbers, AreWrittenShort) {
     };
     EXPECT_EQ(scaled(2835, 1), "283.5");
     EXPECT_EQ(scaled(2830, 1), "283");
-    EXPECT_EQ(scaled(5, 2), "0.05");
-    EXPECT_EQ(scaled(-5, 2), "-0.05");
+    EXPECT_EQ(scaled(5, 2), ".05");
+    EXPECT_EQ(scaled(-5, 2), "-.05");
     EXPECT_EQ(scaled(0, 2), "0");
     EXPECT_EQ(scaled(-120, 1), "-12");
     EXPECT_EQ(scaled(1530, 0), "1530");

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <charconv>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -10,22 +11,23 @@ namespace qbrpt::pdf {
 
 inline void AppendInteger(std::string& text, std::int64_t value) {
     std::array<char, 20> digits; // as many as the longest number has
-    char* end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-    text.append(digits.data(), end);
+    const char* end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    text.append(digits.data(), static_cast<std::size_t>(end - digits.data()));
 }
 
-/// `value` / 10^decimals, without trailing zeros: 2835 with 1 is "283.5".
+/// `value` / 10^decimals, without zeros at either end: 2835 with 1 is "283.5", 50 with 3 is ".05".
 inline void AppendScaled(std::string& text, std::int64_t value, int decimals) {
     while (decimals > 0 && value % 10 == 0) {
         value /= 10;
         --decimals;
     }
     if (value < 0) text.push_back('-');
-    std::string digits = std::to_string(value < 0 ? -value : value);
+    const std::size_t first = text.size();
+    AppendInteger(text, value < 0 ? -value : value);
+    if (decimals == 0) return;
     const auto places = static_cast<std::size_t>(decimals);
-    if (digits.size() <= places) digits.insert(0, places + 1 - digits.size(), '0');
-    text.append(digits, 0, digits.size() - places);
-    if (places > 0) text.append(".").append(digits, digits.size() - places);
+    if (text.size() - first < places) text.insert(first, places - (text.size() - first), '0');
+    text.insert(text.size() - places, 1, '.');
 }
 
 /// `value` in `digits` hexadecimal digits.

@@ -202,15 +202,18 @@ FontChoice WordCodes::FigureFont(report::StyleId style) {
 
 double WordCodes::AppendFigures(std::string& content, std::string_view text, report::StyleId style) {
     EncodedFigures& figures = mFigures.at(style);
-    double advance = 0;
+    std::int64_t advance = 0;
+    std::size_t at = content.size();
+    content.resize(at + 2 * text.size());
     for (const char c : text) {
         const unsigned character = static_cast<unsigned char>(c) & 0x7FU;
         std::uint16_t code = figures.codes[character];
         if (code == 0) code = AssignFigure(figures, style, character);
-        AppendCode(content, code);
+        content[at++] = static_cast<char>(code >> 8U);
+        content[at++] = static_cast<char>(code & 0xFFU);
         advance += figures.advances[character];
     }
-    return advance;
+    return static_cast<double>(advance);
 }
 
 } // namespace qbrpt::pdf

@@ -17,6 +17,8 @@ public:
     /// end at the very end begins no further one.
     bool Next(std::u32string& characters);
 
+    [[nodiscard]] bool AtEnd() const { return mPosition >= mText.size(); }
+
 private:
     std::string_view mText;
     std::size_t mPosition = 0;

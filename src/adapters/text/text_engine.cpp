@@ -9,6 +9,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <functional>
 #include <span>
 #include <utility>
 
@@ -27,6 +28,10 @@ template <typename T>
 void AppendBytes(std::string& key, T value) {
     for (unsigned shift = 0; shift < sizeof(T) * 8; shift += 8)
         key.push_back(static_cast<char>((static_cast<std::uint64_t>(value) >> shift) & 0xFFU));
+}
+
+report::Twips BlankWidth(const StyleFaces& faces) {
+    return static_cast<report::Twips>(std::lround(faces.blank * faces.size));
 }
 
 } // namespace
@@ -87,8 +92,7 @@ void TextEngine::AddWord(report::StyleId style, std::size_t first, std::size_t e
 void TextEngine::ReadUnits(report::StyleId style, report::BaseDirection base) {
     ResolveLevels(mCharacters, base, mLevels);
     mUnits.clear();
-    const StyleFaces& faces = mFonts.Faces(style);
-    const auto blank = static_cast<report::Twips>(std::lround(faces.blank * faces.size));
+    const report::Twips blank = BlankWidth(mFonts.Faces(style));
     for (std::size_t i = 0; i < mCharacters.size();) {
         if (IsBlank(mCharacters[i])) {
             mUnits.push_back({nullptr, blank, mLevels[i]});
@@ -102,6 +106,50 @@ void TextEngine::ReadUnits(report::StyleId style, report::BaseDirection base) {
         AddWord(style, i, end);
         i = end;
     }
+}
+
+// The units of a plain text, which is all of the line: see CutPlain and NeedsMark.
+void TextEngine::ReadPieces(report::StyleId style, std::size_t length) {
+    mUnits.clear();
+    const report::Twips blank = BlankWidth(mFonts.Faces(style));
+    std::size_t end = 0;
+    for (const PlainPiece& piece : mPieces) {
+        end += piece.text.size();
+        if (piece.kind == PlainPiece::Kind::Blank) {
+            mUnits.push_back({nullptr, blank, 1});
+            continue;
+        }
+        const bool figures = piece.kind == PlainPiece::Kind::Figures;
+        mText.clear();
+        if (figures && end < length) AppendCharacter(mText, report::ReadingMark);
+        mText += piece.text;
+        Unit& unit = mUnits.emplace_back();
+        unit.level = figures ? 2 : 1;
+        unit.word = Word(style, !figures);
+        unit.width = unit.word->width;
+    }
+}
+
+// The reading of a text of one line, or null where it has several or is not worth keeping.
+const TextEngine::Reading* TextEngine::ReadOneLine(std::string_view text, report::StyleId style,
+                                                   report::BaseDirection base) {
+    if (text.empty() || text.size() > LongestKept) return nullptr;
+    Reading& reading = mReadings[std::hash<std::string_view>{}(text) % mReadings.size()];
+    if (reading.text == text && reading.style == style && reading.base == base) return &reading;
+    if (base == report::BaseDirection::RightToLeft && CutPlain(text, mPieces)) {
+        ReadPieces(style, text.size());
+    } else {
+        ParagraphReader reader(text);
+        reader.Next(mCharacters);
+        if (!reader.AtEnd()) return nullptr;
+        ReadUnits(style, base);
+    }
+    reading.text = text;
+    reading.style = style;
+    reading.base = base;
+    std::swap(reading.units, mUnits);
+    reading.width = WidthOf(WithoutOuterBlanks(reading.units));
+    return &reading;
 }
 
 std::vector<Unit> TextEngine::Cut(const StyleFaces& faces, const Unit& unit, report::Twips width) {
@@ -130,25 +178,34 @@ std::shared_ptr<const report::TextBlock> TextEngine::Layout(std::string_view tex
         if (const auto* known = mBlocks.Find(mBlockKey)) return *known;
     }
     mBuilder.Begin();
-    ParagraphReader reader(text);
-    while (reader.Next(mCharacters)) {
-        ReadUnits(style, base);
-        const std::span<const Unit> units = WithoutOuterBlanks(mUnits);
-        if (maxWidth <= 0 || WidthOf(units) <= maxWidth) {
-            mBuilder.AddLine(units);
-            continue;
+    if (const Reading* line = ReadOneLine(text, style, base)) {
+        AddLines(line->units, style, maxWidth);
+    } else {
+        ParagraphReader reader(text);
+        while (reader.Next(mCharacters)) {
+            ReadUnits(style, base);
+            AddLines(mUnits, style, maxWidth);
         }
-        const StyleFaces& faces = mFonts.Faces(style);
-        const UnitCutter cut = [&](const Unit& unit, report::Twips width) { return Cut(faces, unit, width); };
-        for (const Line& line : BreakLines(std::exchange(mUnits, {}), maxWidth, cut))
-            mBuilder.AddLine(line);
     }
     auto block = mBuilder.Finish();
     if (kept) mBlocks.Offer(mBlockKey, block);
     return block;
 }
 
+void TextEngine::AddLines(std::span<const Unit> units, report::StyleId style, report::Twips maxWidth) {
+    const std::span<const Unit> line = WithoutOuterBlanks(units);
+    if (maxWidth <= 0 || WidthOf(line) <= maxWidth) {
+        mBuilder.AddLine(line);
+        return;
+    }
+    const StyleFaces& faces = mFonts.Faces(style);
+    const UnitCutter cut = [&](const Unit& unit, report::Twips width) { return Cut(faces, unit, width); };
+    for (const Line& broken : BreakLines({units.begin(), units.end()}, maxWidth, cut))
+        mBuilder.AddLine(broken);
+}
+
 report::Twips TextEngine::Width(std::string_view text, report::StyleId style, report::BaseDirection base) {
+    if (const Reading* line = ReadOneLine(text, style, base)) return line->width;
     report::Twips widest = 0;
     ParagraphReader reader(text);
     while (reader.Next(mCharacters)) {

@@ -4,11 +4,14 @@
 #include "adapters/text/block_builder.h"
 #include "adapters/text/font_book.h"
 #include "adapters/text/line_breaker.h"
+#include "adapters/text/plain_text.h"
 #include "adapters/text/shaper.h"
 #include "adapters/text/word_cache.h"
 #include "report/text_port.h"
 
+#include <array>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,6 +39,18 @@ public:
     [[nodiscard]] const FontBook& Fonts() const { return mFonts; }
 
 private:
+    /// A text of one line as it was last read: a page measures a row, then draws it.
+    struct Reading {
+        std::string text;
+        report::StyleId style = 0;
+        report::BaseDirection base = report::BaseDirection::RightToLeft;
+        std::vector<Unit> units;
+        report::Twips width = 0; ///< without the blanks at both ends
+    };
+
+    const Reading* ReadOneLine(std::string_view text, report::StyleId style, report::BaseDirection base);
+    void ReadPieces(report::StyleId style, std::size_t length);
+    void AddLines(std::span<const Unit> units, report::StyleId style, report::Twips maxWidth);
     void ReadUnits(report::StyleId style, report::BaseDirection base);
     [[nodiscard]] bool NeedsMark(std::size_t first, std::size_t end) const;
     void AddWord(report::StyleId style, std::size_t first, std::size_t end);
@@ -47,7 +62,9 @@ private:
     WordCache<std::shared_ptr<const report::ShapedWord>> mWords;
     WordCache<std::shared_ptr<const report::TextBlock>> mBlocks;
     BlockBuilder mBuilder;
+    std::array<Reading, 64> mReadings; ///< by the hash of their texts
     // Working memory, kept from call to call.
+    std::vector<PlainPiece> mPieces;
     std::u32string mCharacters;
     std::vector<Level> mLevels;
     std::vector<Unit> mUnits;
