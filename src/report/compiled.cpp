@@ -110,6 +110,11 @@ private:
         if (object.type == ObjectType::Total) {
             result.total = SlotOf(object.total);
             NoteShown(section, object);
+            compiled.sharesSize = true;
+        }
+        if (object.type == ObjectType::Box && object.barField >= 0 && object.barToLargest) {
+            result.total = SlotOf({.aggregate = Aggregate::Maximum, .field = object.barField});
+            compiled.readsWhole = true;
         }
         if (object.type == ObjectType::Subreport) {
             compiled.subreport = compiled.objects.size();

@@ -18,7 +18,8 @@ struct CompiledObject {
     const Object* object = nullptr; ///< read anew each time: format events change texts and places
     StyleId style = 0;
     const FigureFont* figures = nullptr;
-    std::size_t total = NoIndex;   ///< slot in CompiledDefinition::totals
+    /// Slot in CompiledDefinition::totals: of a total, or of the value that a bar's full width stands for.
+    std::size_t total = NoIndex;
     std::size_t follows = NoIndex; ///< object of the same section
     bool mayGrow = false;
     std::vector<std::size_t> pushedBy; ///< growing objects of the section that stand wholly above this one
@@ -34,6 +35,8 @@ struct CompiledSection {
     bool mayGrow = false;
     bool dependsOnRow = false; ///< something that grows shows a value of the row
     bool hidesRepeated = false;
+    bool readsWhole = false; ///< shows a total of all rows before they have passed
+    bool sharesSize = false; ///< holds totals, which have one size along a row
 };
 
 /// Sections by where they stand on paper, as indexes into CompiledDefinition::sections.

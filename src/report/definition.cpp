@@ -35,9 +35,14 @@ public:
         if (!IsLength(mDefinition.top) || !IsLength(mDefinition.bottom))
             return "top and bottom must lie between 0 and 1000000 twips.";
         for (const Group& group : mDefinition.groups) {
-            if (group.field != -1 && !IsField(group.field)) return "a group names a field that is not there.";
+            if ((group.field != -1 && !IsField(group.field)) || (group.shown != -1 && !IsField(group.shown)))
+                return "a group names a field that is not there.";
         }
         const auto fieldCount = static_cast<int>(mDefinition.fields.size());
+        for (const SortKey& key : mDefinition.order) {
+            if (key.field < 0 || key.field >= fieldCount)
+                return "the order of rows names a field that is not there.";
+        }
         for (const Computed& computed : mDefinition.computed) {
             if (computed.left < 0 || computed.left >= fieldCount || computed.right < 0 ||
                 computed.right >= fieldCount)
@@ -65,7 +70,8 @@ private:
     }
 
     std::string SectionProblem(const Section& section) {
-        if (!IsLength(section.height)) return "the height must lie between 0 and 1000000 twips.";
+        if (!IsLength(section.height) || section.laterTop < 0 || section.laterTop > section.height)
+            return "the height must lie between 0 and 1000000 twips.";
         const bool grouped =
             section.kind == SectionKind::GroupHeader || section.kind == SectionKind::GroupFooter;
         if (grouped && !IsGroup(section.group)) return "the group is not there.";
@@ -152,8 +158,10 @@ std::string_view CaptionOf(const Definition& definition, const Column& column) {
 }
 
 Section* FindSection(Definition& definition, std::string_view name) {
-    const auto found = std::find_if(definition.sections.begin(), definition.sections.end(),
-                                    [name](const Section& section) { return section.name == name; });
+    if (name.empty()) return nullptr;
+    const auto found =
+        std::find_if(definition.sections.begin(), definition.sections.end(),
+                     [name](const Section& section) { return section.name == name || section.role == name; });
     return found == definition.sections.end() ? nullptr : &*found;
 }
 

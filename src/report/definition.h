@@ -38,6 +38,7 @@ struct Condition {
     enum class Test : std::uint8_t { Positive, Negative, Zero, NotZero, Empty, Filled };
     int field = 0; ///< as in Object::field
     Test test = Test::Filled;
+    bool unless = false; ///< holds where the test does not
     friend bool operator==(const Condition&, const Condition&) = default;
 };
 
@@ -59,6 +60,9 @@ struct Total {
 };
 
 enum class ObjectType : std::uint8_t { Text, Field, Total, Line, Box, Picture, Subreport };
+
+/// Pages that a section or an object is for.
+enum class OnPages : std::uint8_t { All, First, Later };
 
 /// When a line of a Details section is drawn. A page or a group that ends parts rows, so that no line
 /// between rows stands under the last of them.
@@ -110,9 +114,11 @@ struct Object {
     /// Text: begins where the text of this object of the same section ends, `right` twips further on.
     std::string follows;
     std::optional<Condition> showWhen; ///< nothing is drawn where it does not hold
+    OnPages on = OnPages::All;         ///< nothing is drawn on other pages
     /// Box: drawn from its right edge as wide as this field's part of `barFull`; -1: no bar.
     int barField = -1;
     double barFull = 1;
+    bool barToLargest = false; ///< the largest value of the report is full, whatever `barFull` says
 
     std::shared_ptr<const qbrpt::Picture> image;
     std::string subreport;
@@ -129,8 +135,6 @@ enum class SectionKind : std::uint8_t {
     PageFooter    ///< at the bottom of the pages that `on` names
 };
 
-enum class OnPages : std::uint8_t { All, First, Later };
-
 struct Section {
     std::string name;
     SectionKind kind = SectionKind::Details;
@@ -143,6 +147,9 @@ struct Section {
     bool newPageAfter = false;  ///< group footer: not behind the last row
     bool formatEvent = false;   ///< DocumentContext::onFormat is called for it
     bool suppress = false;
+    Twips laterTop = 0;     ///< page header: on pages after the first it begins so far down
+    bool skipAlone = false; ///< group footer: left out behind a single row
+    std::string role;       ///< a second name, under which code finds it
     std::vector<Object> objects;
 };
 
@@ -158,11 +165,19 @@ struct Group {
     enum class By : std::uint8_t { Value, Day };
     int field = 0;                          ///< as in Object::field; -1: all rows are one group
     By by = By::Value;                      ///< Day: the whole days of a date
+    int shown = -1;                         ///< the field that {group} tells; -1: the group's own
     ValueFormat format = ValueFormat::Text; ///< how {group} is written
     std::string picture{};
     std::string whenEmpty{};           ///< what {group} says where the value is empty
     std::string heading{};             ///< what stands above the group; may hold placeholders
     std::optional<TotalWords> total{}; ///< the words of its subtotal, where it has one
+};
+
+/// Rows go by the values of a field: nothing first, then numbers and dates by size, texts by their letters
+/// without regard to the case of Latin ones.
+struct SortKey {
+    int field = 0; ///< position in the field list
+    bool descending = false;
 };
 
 /// A value worked out from two fields of the row; empty where one of them is.
@@ -208,6 +223,7 @@ struct Definition {
     std::span<const Field> fields;
     std::vector<Computed> computed; ///< further fields, behind those of the list
     std::vector<Group> groups;      ///< outermost first
+    std::vector<SortKey> order; ///< rows stand in this order, equal ones as they come; empty: as they come
     std::map<std::string, CountedNoun> nouns;
     std::vector<Column> columns;       ///< from the right
     std::vector<std::string> tiers;    ///< captions that neighbouring columns share
@@ -226,6 +242,7 @@ struct Definition {
 [[nodiscard]] const Object* FindObject(const Definition& definition, std::string_view name);
 /// What the caption of a column says now.
 [[nodiscard]] std::string_view CaptionOf(const Definition& definition, const Column& column);
+/// The section of this name or role, or null.
 [[nodiscard]] Section* FindSection(Definition& definition, std::string_view name);
 
 /// The position of a field or computed value by its name, or -1.

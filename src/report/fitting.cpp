@@ -98,14 +98,23 @@ FittedText TextFitter::Fit(const CompiledObject& object, std::string_view text, 
     return fitted;
 }
 
-FittedFigures TextFitter::FitFigures(const CompiledObject& object, std::string_view figures, Twips width) {
-    FittedFigures fitted{object.style, FiguresWidth(*object.figures, figures)};
-    if (width <= 0 || fitted.width <= width) return fitted;
-    Shrinking smaller(object.object->font.spec);
-    while (fitted.width > width && smaller.Next(fitted.width, width)) {
-        fitted.style = mText.Style(smaller.Font());
+FittedFigures TextFitter::FitFigures(const CompiledObject& object, std::string_view figures, Twips width,
+                                     Twips largest) {
+    FontSpec font = object.object->font.spec;
+    FittedFigures fitted{object.style, font.size, FiguresWidth(*object.figures, figures)};
+    const auto take = [&](const FontSpec& smaller) {
+        fitted.style = mText.Style(smaller);
+        fitted.size = smaller.size;
         fitted.width = FiguresWidth(mText.Figures(fitted.style), figures);
+    };
+    if (largest > 0 && largest < font.size) {
+        font.size = largest;
+        take(font);
     }
+    if (width <= 0 || fitted.width <= width) return fitted;
+    Shrinking smaller(font);
+    while (fitted.width > width && smaller.Next(fitted.width, width))
+        take(smaller.Font());
     return fitted;
 }
 

@@ -22,6 +22,7 @@ struct FittedText {
 
 struct FittedFigures {
     StyleId style = 0;
+    Twips size = 0; ///< of the font
     Twips width = 0;
 };
 
@@ -36,8 +37,9 @@ public:
     /// line at `shrinkTo` or above; any other has one line, as small as it must be.
     [[nodiscard]] FittedText Fit(const CompiledObject& object, std::string_view text, Twips width);
 
+    /// `largest` (0: no limit) is the size to begin with.
     [[nodiscard]] FittedFigures FitFigures(const CompiledObject& object, std::string_view figures,
-                                           Twips width);
+                                           Twips width, Twips largest = 0);
 
 private:
     [[nodiscard]] bool FitsOnLine(std::string_view text, StyleId style, BaseDirection base, Twips width);

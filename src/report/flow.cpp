@@ -28,6 +28,15 @@ void Flow::AddSections(const SectionPlaces::List& list, std::size_t openGroups, 
         block.bands.push_back({section, openGroups});
 }
 
+// Footers of a group whose last row is at hand.
+void Flow::AddFooters(std::size_t group, Block& block) const {
+    const bool alone = group >= block.opensGroup;
+    for (const std::size_t section : mDefinition.places.groupFooter[group]) {
+        if (!alone || !mDefinition.sections[section].section->skipAlone)
+            block.bands.push_back({section, group + 1});
+    }
+}
+
 bool Flow::Next(Block& block) {
     block.bands.clear();
     block.hasRow = block.isFirst = block.isLast = false;
@@ -72,7 +81,7 @@ bool Flow::NextRow(Block& block) {
     const std::size_t closes =
         block.isLast ? 0 : FirstDifference(mDefinition.definition->groups, row, *mRows.Next());
     for (std::size_t group = groupCount; group > closes; --group)
-        AddSections(places.groupFooter[group - 1], group, block);
+        AddFooters(group - 1, block);
     if (block.isLast) {
         AddSections(places.reportFooter, 0, block);
         mState.phase = FlowState::Phase::Done;

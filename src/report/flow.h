@@ -86,6 +86,7 @@ public:
 
 private:
     void AddSections(const SectionPlaces::List& list, std::size_t openGroups, Block& block) const;
+    void AddFooters(std::size_t group, Block& block) const;
     void NextHeader(Block& block);
     bool NextRow(Block& block);
     bool NextFooter(Block& block);

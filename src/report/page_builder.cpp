@@ -22,6 +22,17 @@ Twips ObjectLeft(const PlacedBand& band, const Object& object) {
     return band.rightEdge - object.right - object.width;
 }
 
+// How much of its width a bar takes.
+double BarPart(const PlacedBand& band, const CompiledObject& bar) {
+    const Object& object = *bar.object;
+    if (!band.scope.row) return 0;
+    const CellView& cell = (*band.scope.row)[static_cast<std::size_t>(object.barField)];
+    if (cell.kind != ValueKind::Number && cell.kind != ValueKind::Whole) return 0;
+    const double full =
+        object.barToLargest && band.scope.whole ? band.scope.whole->Result(bar.total).number : object.barFull;
+    return full > 0 ? cell.number / full : 0;
+}
+
 bool IsLastSlice(const PlacedBand& band) {
     return band.sliceBottom >= band.height;
 }
@@ -54,6 +65,7 @@ void PageBuilder::Draw(const PlacedBand& band) {
         PassRows(band);
     else
         EndRows();
+    MeasureTotals(band);
     mTextEnd.clear();
     for (const CompiledObject& object : band.section.objects)
         mTextEnd.push_back(band.rightEdge - object.object->right);
@@ -123,12 +135,29 @@ void PageBuilder::DrawWriting(const PlacedBand& band, std::size_t index) {
         DrawText(band, index, text.text, left, width);
 }
 
+// Figures of one row of totals have one size: that of the one which must shrink most.
+void PageBuilder::MeasureTotals(const PlacedBand& band) {
+    mTotalSizes.clear();
+    if (!band.section.sharesSize) return;
+    for (const CompiledObject& object : band.section.objects) {
+        if (object.total == NoIndex || object.object->type != ObjectType::Total) continue;
+        const ValueText text = band.text.Of(band.section, object, band.scope);
+        if (!text.figures || !SectionText::Shown(*object.object, band.scope)) continue;
+        const Twips size = mFitter.FitFigures(object, text.text, object.object->width).size;
+        if (size == object.object->font.spec.size) continue;
+        const auto [row, isNew] = mTotalSizes.emplace(object.object->top, size);
+        row->second = std::min(row->second, size);
+    }
+}
+
 void PageBuilder::DrawFigures(const PlacedBand& band, std::size_t index, const ValueText& text, Twips left,
                               Twips width) {
     const CompiledObject& object = band.section.objects[index];
     const Twips lineTop = object.object->top + mMetrics.At(index).offset;
     if (!InSlice(band, lineTop)) return;
-    const FittedFigures fitted = mFitter.FitFigures(object, text.text, width);
+    const auto shared = mTotalSizes.find(object.object->top);
+    const bool shares = object.object->type == ObjectType::Total && shared != mTotalSizes.end();
+    const FittedFigures fitted = mFitter.FitFigures(object, text.text, width, shares ? shared->second : 0);
     Item item = Start(band, index, ItemKind::Figures);
     item.style = fitted.style;
     if (text.zero && object.object->zeroColor) item.color = *object.object->zeroColor;
@@ -207,12 +236,9 @@ void PageBuilder::DrawBox(const PlacedBand& band, std::size_t index) {
     item.y = top;
     item.height = bottom - top;
     if (object.barField >= 0) {
-        const CellView* cell =
-            band.scope.row ? &(*band.scope.row)[static_cast<std::size_t>(object.barField)] : nullptr;
-        const bool number = cell && (cell->kind == ValueKind::Number || cell->kind == ValueKind::Whole);
-        const double part = number && object.barFull > 0 ? cell->number / object.barFull : 0;
+        const double part = BarPart(band, band.section.objects[index]);
         if (!(part > 0)) return;
-        const auto width = static_cast<Twips>(std::lround(object.width * std::min(part, 1.0)));
+        const auto width = std::max(static_cast<Twips>(std::lround(object.width * std::min(part, 1.0))), 1);
         item.x += item.width - width;
         item.width = width;
     }

@@ -42,6 +42,7 @@ private:
     void DrawText(const PlacedBand& band, std::size_t index, std::string_view text, Twips left, Twips width);
     void DrawFigures(const PlacedBand& band, std::size_t index, const ValueText& text, Twips left,
                      Twips width);
+    void MeasureTotals(const PlacedBand& band);
     void DrawLine(const PlacedBand& band, std::size_t index);
     void DrawBox(const PlacedBand& band, std::size_t index);
     void DrawPicture(const PlacedBand& band, std::size_t index);
@@ -52,7 +53,8 @@ private:
 
     Page& mPage;
     TextFitter& mFitter;
-    std::vector<Twips> mTextEnd; ///< left edge of each object's text in this band
+    std::vector<Twips> mTextEnd;        ///< left edge of each object's text in this band
+    std::map<Twips, Twips> mTotalSizes; ///< of this band's shrunk rows of totals, by their top
     BandMetrics mMetrics;
     std::vector<WaitingLine> mBetween;
     std::vector<Item> mLast;

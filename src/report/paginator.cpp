@@ -123,8 +123,9 @@ void Paginator::PlacePageHeaders() {
         if (!IsOn(section, mPage)) continue;
         const FormatScope scope = ScopeOf(mLevels.front(), section, false);
         const Twips height = Measure(mLevels.front(), section, scope);
-        Draw(mLevels.front(), section, scope, height, 0, height);
-        mY += height;
+        const Twips top = TopOn(section, mPage);
+        Draw(mLevels.front(), section, scope, height, top, height);
+        mY += height - top;
     }
     mRowAbove = false;
 }
@@ -170,6 +171,10 @@ bool Paginator::IsOn(const CompiledSection& section, std::size_t page) const {
     }
 }
 
+Twips Paginator::TopOn(const CompiledSection& section, std::size_t page) {
+    return page == 0 ? 0 : section.section->laterTop;
+}
+
 Twips Paginator::HeadersHeight(std::size_t page) {
     if (page > 0 && mLaterHeaders >= 0) return mLaterHeaders;
     Twips height = 0;
@@ -177,7 +182,8 @@ Twips Paginator::HeadersHeight(std::size_t page) {
     for (const std::size_t index : mDefinition.places.pageHeader) {
         const CompiledSection& section = mDefinition.sections[index];
         if (!IsOn(section, page)) continue;
-        height += Measure(mLevels.front(), section, ScopeOf(mLevels.front(), section, false));
+        height += Measure(mLevels.front(), section, ScopeOf(mLevels.front(), section, false)) -
+                  TopOn(section, page);
         same = same && !(section.mayGrow && (section.dependsOnRow || section.section->formatEvent));
     }
     if (same) mLaterHeaders = height;
@@ -256,6 +262,7 @@ FormatScope Paginator::ScopeOf(Level& level, const CompiledSection& section, boo
         break;
     }
     scope.totals = BookOf(flow, section, continued, scope.rows);
+    if (section.readsWhole) scope.whole = &flow.ReportTotals().totals;
     return scope;
 }
 

@@ -106,6 +106,8 @@ private:
     void RaiseFormat(const CompiledSection& section);
 
     [[nodiscard]] bool IsOn(const CompiledSection& section, std::size_t page) const;
+    /// Where a page header begins on a page, from its own top.
+    [[nodiscard]] static Twips TopOn(const CompiledSection& section, std::size_t page);
     [[nodiscard]] Twips HeadersHeight(std::size_t page);
     [[nodiscard]] Twips FootersHeight(std::size_t page) const;
     [[nodiscard]] Twips FreshBody(Level& level, std::size_t openGroups);

@@ -92,7 +92,7 @@ void PlaceholderText::AppendGroup(int index, const FormatScope& scope) {
     if (index < 0) return;
     const Group& group = mDefinition.groups[static_cast<std::size_t>(index)];
     const bool plainDay = group.by == Group::By::Day && group.format == ValueFormat::Text;
-    const CellView* cell = CellOf(scope, group.field);
+    const CellView* cell = CellOf(scope, group.shown < 0 ? group.field : group.shown);
     const std::string_view text =
         cell ? mWriter.Write(*cell, plainDay ? ValueFormat::Date : group.format, group.picture).text
              : std::string_view{};

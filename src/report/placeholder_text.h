@@ -17,6 +17,7 @@ struct FormatScope {
     const RowView* row = nullptr;       ///< the row whose values fields show; null: none
     const RowView* above = nullptr;     ///< the row right above on this page; null: none
     const TotalsBook* totals = nullptr; ///< null: totals are empty
+    const TotalsBook* whole = nullptr;  ///< of all rows, for sections that read them ahead
     std::size_t rows = 0;               ///< of the section's group or report
     std::size_t page = 0;               ///< from 1
     std::size_t pages = 0;

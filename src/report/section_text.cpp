@@ -59,9 +59,8 @@ bool SameValue(const CellView& a, const CellView& b) {
 
 bool SectionText::Shown(const Object& object, const FormatScope& scope) {
     if (object.suppress) return false;
-    if (!object.showWhen) return true;
-    const CellView* cell = CellOf(scope, object.showWhen->field);
-    return cell && Holds(object.showWhen->test, *cell);
+    if (object.on != OnPages::All && (object.on == OnPages::First) != (scope.page <= 1)) return false;
+    return !object.showWhen || (scope.row && Holds(*object.showWhen, *scope.row));
 }
 
 ValueText SectionText::Of(const CompiledSection& section, const CompiledObject& object,

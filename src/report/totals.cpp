@@ -72,6 +72,10 @@ bool Holds(Condition::Test test, const CellView& value) {
     }
 }
 
+bool Holds(const Condition& condition, const RowView& row) {
+    return Holds(condition.test, row[static_cast<std::size_t>(condition.field)]) != condition.unless;
+}
+
 void Accumulator::Add(Aggregate aggregate, const CellView& value) {
     if (value.kind == ValueKind::Null) return;
     if (aggregate == Aggregate::Count) {
@@ -127,7 +131,7 @@ TotalsBook::TotalsBook(std::span<const Total> totals) : mTotals(totals), mAccumu
 
 void TotalsBook::Take(std::size_t total, const RowView& row) {
     const Total& wanted = mTotals[total];
-    if (wanted.when && !Holds(wanted.when->test, row[static_cast<std::size_t>(wanted.when->field)])) return;
+    if (wanted.when && !Holds(*wanted.when, row)) return;
     mAccumulators[total].Add(wanted.aggregate, row[static_cast<std::size_t>(wanted.field)]);
 }
 

@@ -26,6 +26,8 @@ private:
 /// Whether `test` holds of `value`. Text counts as filled unless it is empty; it is neither positive nor
 /// zero.
 [[nodiscard]] bool Holds(Condition::Test test, const CellView& value);
+/// Whether `condition` holds of `row`.
+[[nodiscard]] bool Holds(const Condition& condition, const RowView& row);
 
 /// One total while its rows pass by. Copied whole into checkpoints, hence small.
 class Accumulator {

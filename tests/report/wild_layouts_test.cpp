@@ -45,7 +45,10 @@ public:
         object.yieldsToRepeated = Maybe();
         if (number > 0 && Below(5) == 0) object.follows = "o" + std::to_string(Below(number));
         if (Below(5) == 0) object.showWhen = Condition{Below(3), static_cast<Condition::Test>(Below(6))};
+        if (object.showWhen) object.showWhen->unless = Maybe();
+        object.on = static_cast<OnPages>(Below(3));
         if (Below(5) == 0) object.barField = Below(3);
+        object.barToLargest = Maybe();
         object.suppress = Below(8) == 0;
         return object;
     }
@@ -72,6 +75,8 @@ public:
             section.newPageBefore = Below(6) == 0;
             section.newPageAfter = Below(6) == 0;
             section.suppress = Below(8) == 0;
+            if (section.height > 0) section.laterTop = Below(section.height);
+            section.skipAlone = Maybe();
             const int objects = Below(6);
             for (int number = 0; number < objects; ++number)
                 section.objects.push_back(AnyObject(number));
