@@ -49,6 +49,8 @@ constexpr int Plain = 0;       ///< OK alone
 constexpr int RetryCancel = 5; ///< Retry and Cancel
 constexpr int Critical = 16;   ///< critical icon
 constexpr int CriticalRetryCancel = 21;
+constexpr int SecondButton = 0x100;   ///< the second button answers to the enter key
+constexpr int RightToLeft = 0x180000; ///< text at the right, reading from the right
 } // namespace BoxStyle
 
 enum class BoxAnswer : std::int16_t { Ok = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7 };

@@ -1,12 +1,10 @@
 // The income sheet.
 #include "platform/DAO.h"
-#include "platform/platform.h"
-#include "platform/printing.h"
 #include "service/VantlowCls.h"
 #include "service/host_session.h"
+#include "service/landscape.h"
 #include "service/period_clause.h"
 #include "service/report_run.h"
-#include "support/period_text.h"
 #include "templates/IncomeGrpRpt.h"
 
 namespace qbrpt {
@@ -56,15 +54,10 @@ void VantlowCls::PrintIncome(std::int32_t date1, std::int32_t date2, std::int16_
 
     Ref<IncomeGrpRpt> report;
     trap.Step([&] { report = std::make_shared<IncomeGrpRpt>(); });
-    trap.Step(
-        [&] { report->SetOtherTitle("تقرير بالإيراد " + GetPeriodText(dates.from, dates.to, true, false)); });
-
-    // Upright, as printers start, is what a printer is put back to whose orientation could not be read.
-    std::int16_t savedOrientation = OrientationPortrait;
-    trap.Step([&] { savedOrientation = Platform::Current().printers->Orientation(); });
-    trap.Step([] { Platform::Current().printers->SetOrientation(OrientationLandscape); });
+    trap.Step([&] { report->SetOtherTitle("تقرير بالإيراد " + PeriodWords(dates)); });
+    Landscape landscape(trap);
     trap.Step([&] { RunReport(report, records, true, bShow != 0, {mName1, mAddr1, mAddr2}); });
-    trap.Step([&] { Platform::Current().printers->SetOrientation(savedOrientation); });
+    landscape.TurnBack();
 }
 
 } // namespace qbrpt

@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "service/report_run.h"
+#include "support/period_text.h"
 
 namespace qbrpt {
 
@@ -32,6 +33,10 @@ PeriodDates FetchPeriodDates(ErrorTrap& trap, const Ref<DAO::Database>& db, std:
     else
         dates.to = dates.from;
     return dates;
+}
+
+std::string PeriodWords(const PeriodDates& dates) {
+    return GetPeriodText(dates.from, dates.to, true, false);
 }
 
 } // namespace qbrpt

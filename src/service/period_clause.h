@@ -42,4 +42,7 @@ struct PeriodDates {
 [[nodiscard]] PeriodDates FetchPeriodDates(ErrorTrap& trap, const Ref<DAO::Database>& db, std::int32_t d1,
                                            std::int32_t d2);
 
+/// The period of `dates` as a title names it: in Arabic, without times of day.
+[[nodiscard]] std::string PeriodWords(const PeriodDates& dates);
+
 } // namespace qbrpt

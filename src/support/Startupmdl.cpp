@@ -1,5 +1,6 @@
 #include "support/Startupmdl.h"
 
+#include "base/latin.h"
 #include "platform/platform.h"
 #include "support/error_trap.h"
 #include "support/words.h"
@@ -38,19 +39,10 @@ private:
     std::intptr_t mContext;
 };
 
-// Font names are Latin; a letter outside ASCII counts as itself.
-char LowerCase(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-bool SameName(std::string_view one, std::string_view other) {
-    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-                      [](char a, char b) { return LowerCase(a) == LowerCase(b); });
-}
-
 bool InFontTable(const std::string& name) {
     const auto& table = FontTable();
-    return std::any_of(table.begin(), table.end(), [&](const auto& entry) { return SameName(entry, name); });
+    return std::any_of(table.begin(), table.end(),
+                       [&](const auto& entry) { return SameAnyCase(entry, name); });
 }
 
 void FitFont(ReportObject& object) {

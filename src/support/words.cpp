@@ -1,6 +1,7 @@
 #include "support/words.h"
 
 #include "base/failure.h"
+#include "base/latin.h"
 #include "base/numbers.h"
 
 #include <algorithm>
@@ -43,6 +44,19 @@ std::int32_t ShiftRight(std::int32_t n, std::int32_t nBits) {
     for (std::int32_t turn = 0; n != 0 && turn < std::max(nBits, 1); ++turn)
         n /= 2;
     return n;
+}
+
+std::string ReplaceAnyCase(std::string_view text, std::string_view what, std::string_view by) {
+    const auto same = [](char one, char other) { return SameAnyCase(one, other); };
+    std::string result;
+    auto rest = text.begin();
+    for (;;) {
+        const auto found = std::search(rest, text.end(), what.begin(), what.end(), same);
+        result.append(rest, found);
+        if (found == text.end()) return result;
+        result.append(by);
+        rest = found + static_cast<std::ptrdiff_t>(what.size());
+    }
 }
 
 std::string TrimAtNul(std::string_view s) {

@@ -37,6 +37,9 @@ struct Rect {
 /// `s` up to its first NUL, or `s` whole if it has none.
 [[nodiscard]] std::string TrimAtNul(std::string_view s);
 
+/// `text` with every `what`, in any case of Latin letters, replaced by `by`. `what` must not be empty.
+[[nodiscard]] std::string ReplaceAnyCase(std::string_view text, std::string_view what, std::string_view by);
+
 /// A copy of `nSize` bytes at `p`; empty for a size below 1. No memory at all is
 /// FailureNumber::InvalidArgument.
 [[nodiscard]] std::vector<std::uint8_t> BytesFromMemory(const void* p, std::int32_t nSize);
