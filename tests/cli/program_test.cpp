@@ -147,9 +147,10 @@ TEST(Program, AStatementThatFailsIsOneBoxOrTwoWithRetry) {
 
 TEST(Program, MembersToComeSayOnlyThat) {
     const Cafe cafe;
-    const ProgramResult result = Qbrpt({"PrintAudit", "--db", cafe.Database(), "--pdf", cafe.File("a.pdf")});
+    const ProgramResult result =
+        Qbrpt({"PrintMembersInfo", "--db", cafe.Database(), "--pdf", cafe.File("a.pdf")});
     EXPECT_EQ(result.status, 1);
-    EXPECT_THAT(result.err, HasSubstr("PrintAudit is not there yet"));
+    EXPECT_THAT(result.err, HasSubstr("PrintMembersInfo is not there yet"));
 }
 
 TEST(Program, PrintingGoesToTheFolderOfThePdfPrinter) {
