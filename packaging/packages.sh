@@ -2,7 +2,7 @@
 # docs/dependencies.md says what each library is for.
 
 build_packages="g++ cmake ninja-build pkg-config
-  libicu-dev libsqlite3-dev libfontconfig-dev libharfbuzz-dev libfribidi-dev libdeflate-dev
+  libicu-dev libsqlite3-dev libfontconfig-dev libharfbuzz-dev libfribidi-dev libdeflate-dev libxlsxwriter-dev
   libxcb1-dev libxcb-ewmh-dev libxcb-icccm4-dev libtomlplusplus-dev nlohmann-json3-dev libcli11-dev"
 
 # What stands on pages: the faces of the house style, and those that every machine has.
@@ -10,7 +10,7 @@ run_packages="fonts-noto-core fonts-dejavu-core fonts-dejavu-extra"
 
 # Configuring needs these also where no test is built.
 test_build_packages="libgtest-dev libgmock-dev"
-test_packages="poppler-utils qpdf mupdf-tools sqlite3 xvfb xauth openbox xterm x11-utils"
+test_packages="poppler-utils qpdf mupdf-tools sqlite3 python3-openpyxl xvfb xauth openbox xterm x11-utils"
 
 # install_missing PACKAGE... installs those that are not there yet; quiet, and does nothing when all are.
 install_missing() {

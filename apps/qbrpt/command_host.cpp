@@ -86,7 +86,8 @@ private:
         const PageProgress progress = [this](std::size_t done, std::size_t all) { ShowPages(done, all); };
         const PdfPrinter pdfPrinter(PdfFolder(), progress);
         if (mCall.destination == Destination::Files) {
-            mFiles = std::make_shared<FileOutput>(mCall.pdfFile, mCall.csvFile, progress);
+            mFiles = std::make_shared<FileOutput>(
+                mCall.files, progress, [this](std::size_t done, std::size_t all) { ShowRows(done, all); });
             if (mCall.member->outcome == Outcome::Report) mFiles->Begin();
             parts.delivery = mFiles;
             parts.viewer = std::make_shared<FileOutputViewer>(mFiles);
@@ -111,6 +112,11 @@ private:
         // Before the first page the report is measured.
         mLine.Show(done == 0 ? "laying out pages"
                              : "page " + std::to_string(done) + " of " + std::to_string(all));
+    }
+
+    void ShowRows(std::size_t done, std::size_t all) {
+        StopIfInterrupted();
+        mLine.Show("row " + std::to_string(done) + " of " + std::to_string(all));
     }
 
     void TellOf(const std::filesystem::path& file) {

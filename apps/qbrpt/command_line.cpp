@@ -21,6 +21,7 @@ constexpr int MostSessions = 1'000'000;
 /// The parts of a member's command line that are texts before they are anything else.
 struct Typed {
     std::vector<std::string> arguments;
+    OutputFiles files;
     bool print = false;
     bool preview = false;
     std::string onError;
@@ -48,8 +49,8 @@ void AddOptions(CLI::App& command, MemberCall& call, Typed& typed) {
     command.add_option("--title", call.title, "the café's name, in the heading")->type_name("TEXT");
     command.add_option("--addr1", call.addr1, "first line under the name")->type_name("TEXT");
     command.add_option("--addr2", call.addr2, "second line under the name")->type_name("TEXT");
-    command.add_option("--pdf", call.pdfFile, "writes the pages to a PDF file")->type_name("FILE");
-    command.add_option("--csv", call.csvFile, "writes the rows to a CSV file")->type_name("FILE");
+    for (const OutputOption& output : OutputOptions)
+        command.add_option(output.name, typed.files[output.kind], output.help)->type_name("FILE");
     command.add_flag("--print", typed.print, "prints what would be shown or printed");
     command.add_option("--printer", call.printer, "the printer of --print")->type_name("NAME");
     command.add_flag("--preview", typed.preview, "shows what would be shown or printed");
@@ -60,13 +61,22 @@ void AddOptions(CLI::App& command, MemberCall& call, Typed& typed) {
     command.footer(ExitHelp);
 }
 
+void RefuseSameFile(const OutputFiles& files) {
+    for (auto one = files.begin(); one != files.end(); ++one)
+        for (auto other = std::next(one); other != files.end(); ++other)
+            if (one->second == other->second)
+                throw WrongUse(std::string{NameOf(one->first)} + " and " + NameOf(other->first) +
+                               " name the same file.");
+}
+
 /// Where the report goes; raises WrongUse where several ways are asked for.
 Destination DestinationOf(const MemberCall& call, const Typed& typed) {
-    const bool files = !call.pdfFile.empty() || !call.csvFile.empty();
+    const bool files = !call.files.empty();
     if (static_cast<int>(files) + static_cast<int>(typed.print) + static_cast<int>(typed.preview) > 1)
-        throw WrongUse("Files (--pdf, --csv), --print and --preview cannot be asked for together.");
+        throw WrongUse(
+            "Files (--pdf, --csv, --xlsx, --html), --print and --preview cannot be asked for together.");
     if (!call.printer.empty() && !typed.print) throw WrongUse("--printer goes with --print.");
-    if (files && call.pdfFile == call.csvFile) throw WrongUse("--pdf and --csv name the same file.");
+    RefuseSameFile(call.files);
     if (files) return Destination::Files;
     if (typed.print) return Destination::Printer;
     return typed.preview ? Destination::Preview : Destination::AsCalled;
@@ -81,11 +91,13 @@ void Complete(MemberCall& call, const CLI::App& command, Typed& typed) {
     call.arguments = ReadArguments(*call.member, typed.arguments);
     if (!typed.onError.empty())
         call.onError = typed.onError == "retry" ? BoxAnswer::Retry : BoxAnswer::Cancel;
-    for (const char* name : {"--db", "--pdf", "--csv", "--trace", "--printer"}) {
+    for (const char* name : {"--db", "--pdf", "--csv", "--xlsx", "--html", "--trace", "--printer"}) {
         const CLI::Option* option = command.get_option(name);
         if (option->count() > 0 && option->as<std::string>().empty())
             throw WrongUse(std::string{name} + " is given without a name.");
     }
+    std::erase_if(typed.files, [](const auto& file) { return file.second.empty(); });
+    call.files = typed.files;
     call.destination = DestinationOf(call, typed);
 }
 

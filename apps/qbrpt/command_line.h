@@ -2,6 +2,7 @@
 #pragma once
 
 #include "members.h"
+#include "output_files.h"
 #include "platform/desktop.h"
 #include "sample/sample.h"
 
@@ -15,7 +16,7 @@ namespace qbrpt::cli {
 /// Where the report of a member goes.
 enum class Destination : std::uint8_t {
     AsCalled, ///< as the member's own arguments say
-    Files,    ///< --pdf, --csv
+    Files,    ///< --pdf, --csv, --xlsx, --html
     Printer,  ///< --print
     Preview   ///< --preview
 };
@@ -29,8 +30,7 @@ struct MemberCall {
     std::string addr1;
     std::string addr2;
     Destination destination = Destination::AsCalled;
-    std::string pdfFile;
-    std::string csvFile;
+    OutputFiles files;
     std::string printer;
     std::string traceFile;
     std::optional<BoxAnswer> onError; ///< nothing: as the settings say

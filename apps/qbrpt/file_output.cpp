@@ -11,31 +11,42 @@ AtomicFile& FileOutput::Target::Open() {
     return *file;
 }
 
-FileOutput::FileOutput(const std::string& pdfFile, const std::string& csvFile, PageProgress progress)
-    : mPdf{pdfFile, nullptr}, mCsv{csvFile, nullptr}, mProgress(std::move(progress)) {}
+FileOutput::FileOutput(const OutputFiles& files, PageProgress pages, TableProgress rows)
+    : mPages(std::move(pages)), mRows(std::move(rows)) {
+    for (const auto& [kind, name] : files)
+        mTargets.push_back({kind, name, nullptr});
+}
 
 void FileOutput::Begin() {
-    for (Target* target : {&mPdf, &mCsv})
-        if (!target->name.empty()) target->Open();
+    for (Target& target : mTargets)
+        target.Open();
 }
 
 void FileOutput::Print(ReportOutput& report, const PrintJob& job) {
     Write(report, job.pages);
 }
 
+void FileOutput::Fill(Target& target, ReportOutput& report, const PageRange& pages) const {
+    InterruptibleSink sink(target.Open());
+    switch (target.kind) {
+    case OutputKind::Pdf:
+        return report.WritePdf(sink, pages, mPages);
+    case OutputKind::Csv:
+        return report.WriteTable(TableKind::Csv, sink, mRows);
+    case OutputKind::Xlsx:
+        return report.WriteTable(TableKind::Xlsx, sink, mRows);
+    case OutputKind::Html:
+        return report.WriteTable(TableKind::Html, sink, mRows);
+    }
+}
+
 void FileOutput::Write(ReportOutput& report, const PageRange& pages) {
-    if (!mPdf.name.empty()) {
-        InterruptibleSink sink(mPdf.Open());
-        report.WritePdf(sink, pages, mProgress);
-    }
-    if (!mCsv.name.empty()) {
-        InterruptibleSink sink(mCsv.Open());
-        report.WriteCsv(sink);
-    }
-    for (Target* target : {&mPdf, &mCsv})
-        if (target->file) target->file->Settle();
-    for (Target* target : {&mPdf, &mCsv})
-        if (target->file) std::exchange(target->file, nullptr)->Commit();
+    for (Target& target : mTargets)
+        Fill(target, report, pages);
+    for (Target& target : mTargets)
+        target.file->Settle();
+    for (Target& target : mTargets)
+        std::exchange(target.file, nullptr)->Commit();
     mWritten = true;
 }
 

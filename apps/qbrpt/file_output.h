@@ -1,24 +1,25 @@
-// --pdf and --csv: the report as files.
+// --pdf, --csv, --xlsx, --html: the report as files.
 #pragma once
 
 #include "adapters/files/atomic_file.h"
 #include "adapters/output/report_output.h"
+#include "output_files.h"
 #include "platform/CRViewer.h"
 
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace qbrpt::cli {
 
 /// Writes a report to the files that were asked for, at the moment at which it would be shown or printed.
 class FileOutput : public Delivery {
 public:
-    /// Empty names are left out.
-    FileOutput(const std::string& pdfFile, const std::string& csvFile, PageProgress progress);
+    FileOutput(const OutputFiles& files, PageProgress pages, TableProgress rows);
 
     /// Begins the files before any work is done, so that a place that cannot be written shows at once. They
-    /// appear only when both are complete.
+    /// appear only when all are complete.
     void Begin();
 
     void Print(ReportOutput& report, const PrintJob& job) override;
@@ -28,14 +29,17 @@ public:
 
 private:
     struct Target {
+        OutputKind kind;
         std::string name;
         std::unique_ptr<AtomicFile> file;
         /// The begun file, or a new one where a command makes several reports.
         AtomicFile& Open();
     };
-    Target mPdf;
-    Target mCsv;
-    PageProgress mProgress;
+    void Fill(Target& target, ReportOutput& report, const PageRange& pages) const;
+
+    std::vector<Target> mTargets;
+    PageProgress mPages;
+    TableProgress mRows;
     bool mWritten = false;
 };
 

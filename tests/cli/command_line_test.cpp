@@ -47,8 +47,8 @@ TEST(CommandLine, OptionsMayStandAnywhereBehindTheMember) {
               "--trace",     "t",    "--on-error", "retry", "--connect",     "x=1;y=2"});
     EXPECT_EQ(call.database, "a b.db");
     EXPECT_EQ(call.connect, "x=1;y=2");
-    EXPECT_EQ(call.pdfFile, "out.pdf");
-    EXPECT_EQ(call.csvFile, "out.csv");
+    EXPECT_EQ(call.files.at(OutputKind::Pdf), "out.pdf");
+    EXPECT_EQ(call.files.at(OutputKind::Csv), "out.csv");
     EXPECT_EQ(call.title, "مقهى");
     EXPECT_EQ(call.addr1, "");
     EXPECT_EQ(call.addr2, "-");

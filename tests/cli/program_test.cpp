@@ -11,6 +11,7 @@ namespace {
 namespace fs = std::filesystem;
 using ::testing::AllOf;
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
@@ -41,15 +42,20 @@ TEST(Program, HelpAndVersionGoToStandardOutput) {
     }
 }
 
-TEST(Program, PdfAndCsvComeTogether) {
+TEST(Program, AllFilesComeTogether) {
     const Cafe cafe;
     const ProgramResult result =
-        cafe.Income({"--pdf", cafe.File("i.pdf"), "--csv", cafe.File("i.csv"), "--title", "مقهى النخيل"});
+        cafe.Income({"--pdf", cafe.File("i.pdf"), "--csv", cafe.File("i.csv"), "--xlsx", cafe.File("i.xlsx"),
+                     "--html", cafe.File("i.html"), "--title", "مقهى النخيل"});
     EXPECT_EQ(result.status, 0) << result.err;
     EXPECT_THAT(result.out + result.err, IsEmpty());
     EXPECT_THAT(ContentOf(cafe.File("i.pdf")), StartsWith("%PDF-"));
     EXPECT_THAT(ContentOf(cafe.File("i.csv")), StartsWith("\xEF\xBB\xBFmdate,edate,date,general_income,"));
-    EXPECT_THAT(cafe.Names(), ElementsAre("café 1.db", "i.csv", "i.pdf"));
+    EXPECT_THAT(ContentOf(cafe.File("i.xlsx")), StartsWith("PK\x03\x04"));
+    EXPECT_THAT(ContentOf(cafe.File("i.html")),
+                AllOf(StartsWith("<!DOCTYPE html>\n<html lang=\"ar\" dir=\"rtl\">"), HasSubstr("مقهى النخيل"),
+                      HasSubstr("الإجمالي"), EndsWith("</html>\n")));
+    EXPECT_THAT(cafe.Names(), ElementsAre("café 1.db", "i.csv", "i.html", "i.pdf", "i.xlsx"));
 }
 
 TEST(Program, FilesAreMadeWithoutAnyPrinter) {
@@ -173,7 +179,7 @@ TEST(Program, AnUnknownPrinterIsWrongUse) {
 
 TEST(Program, AFullDiskIsAnErrorWithItsReason) {
     const Cafe cafe;
-    for (const char* option : {"--pdf", "--csv"}) {
+    for (const char* option : {"--pdf", "--csv", "--xlsx", "--html"}) {
         const ProgramResult result = cafe.Income({option, "/dev/full"});
         EXPECT_EQ(result.status, 1);
         EXPECT_THAT(result.err, HasSubstr("No space left on device"));
@@ -183,6 +189,15 @@ TEST(Program, AFullDiskIsAnErrorWithItsReason) {
 TEST(Program, OneFileThatFailsTakesTheOtherWithIt) {
     const Cafe cafe;
     EXPECT_EQ(cafe.Income({"--pdf", cafe.File("i.pdf"), "--csv", "/dev/full"}).status, 1);
+    EXPECT_THAT(cafe.Names(), ElementsAre("café 1.db"));
+}
+
+TEST(Program, AFolderForLargeFilesThatIsNotThereIsToldOf) {
+    const Cafe cafe;
+    const ProgramResult result =
+        cafe.Income({"--xlsx", cafe.File("i.xlsx")}, {{"TMPDIR", cafe.File("none")}});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.err, AllOf(HasSubstr("spreadsheet"), HasSubstr("TMPDIR")));
     EXPECT_THAT(cafe.Names(), ElementsAre("café 1.db"));
 }
 

@@ -29,7 +29,7 @@ public:
         sink.Write("pages");
         if (mFails) throw Failure(FailureNumber::Report, "no more pages");
     }
-    void WriteCsv(ByteSink&) override {}
+    void WriteTable(TableKind, ByteSink&, const TableProgress&) override {}
 };
 
 PrintJob JobCalled(const std::string& title) {

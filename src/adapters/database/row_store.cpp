@@ -1,7 +1,7 @@
 #include "adapters/database/row_store.h"
 
 #include "adapters/database/row_codec.h"
-#include "adapters/database/spill_file.h"
+#include "adapters/files/spill_file.h"
 #include "base/failure.h"
 
 #include <algorithm>
@@ -26,7 +26,7 @@ struct RowStoreBuilder::Blocks {
     std::size_t rows = 0;
 
     void Spill(const std::string& folder) {
-        file = std::make_unique<SpillFile>(folder);
+        file = std::make_unique<SpillFile>(folder, "The file for the rows of a large query");
         for (std::size_t i = 0; i < memory.size(); ++i) {
             index[i].offset = file->Append(memory[i]);
             std::string().swap(memory[i]);

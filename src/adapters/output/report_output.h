@@ -1,4 +1,4 @@
-// A finished report seen from outside: its pages as PDF, its rows as a table.
+// A finished report seen from outside: its pages as PDF, its rows as tables.
 #pragma once
 
 #include "base/byte_sink.h"
@@ -22,6 +22,15 @@ struct PageRange {
 /// Called now and then with the pages done; may raise Failure Cancelled.
 using PageProgress = std::function<void(std::size_t done, std::size_t all)>;
 
+/// Called now and then with the rows done; may raise Failure Cancelled.
+using TableProgress = std::function<void(std::size_t done, std::size_t all)>;
+
+enum class TableKind : std::uint8_t {
+    Csv,  ///< the bound rows: UTF-8 with byte order mark, a header line of the field names
+    Xlsx, ///< a spreadsheet with the layout's captions, groups and totals
+    Html  ///< the same as one web page
+};
+
 /// The report runtime's reports can be written out.
 class ReportOutput {
 public:
@@ -31,8 +40,8 @@ public:
     /// The printer that SelectPrinter named; empty before that.
     [[nodiscard]] virtual std::string Device() = 0;
     virtual void WritePdf(ByteSink& sink, const PageRange& range, const PageProgress& progress) = 0;
-    /// The bound rows: UTF-8 with byte order mark, a header line of the field names.
-    virtual void WriteCsv(ByteSink& sink) = 0;
+    /// The rows as a table; `progress` is called with the rows done.
+    virtual void WriteTable(TableKind kind, ByteSink& sink, const TableProgress& progress) = 0;
 };
 
 /// The output side of a report; a report that has none is a Failure.

@@ -1,5 +1,7 @@
 // The output side of a live report.
 #include "adapters/export/csv.h"
+#include "adapters/export/html.h"
+#include "adapters/export/xlsx.h"
 #include "adapters/pdf/writer.h"
 #include "adapters/runtime/live_report.h"
 #include "base/failure.h"
@@ -47,8 +49,25 @@ void LiveReport::WritePdf(ByteSink& sink, const PageRange& range, const PageProg
     WarnOfMissingGlyphs();
 }
 
-void LiveReport::WriteCsv(ByteSink& sink) {
-    qbrpt::WriteCsv(sink, mState->definition, *Rows());
+ExportJob LiveReport::Job() {
+    ExportJob job{Title(), PrintedAt(), mPaperSize, Landscape(), {}};
+    job.parts.push_back({&mState->definition, Rows()});
+    for (const auto& [name, subreport] : mSubreports)
+        if (subreport->mRows) job.parts.push_back({&subreport->mState->definition, subreport->mRows});
+    return job;
+}
+
+void LiveReport::WriteTable(TableKind kind, ByteSink& sink, const TableProgress& progress) {
+    switch (kind) {
+    case TableKind::Xlsx:
+        WriteXlsx(sink, Job(), progress);
+        break;
+    case TableKind::Html:
+        WriteHtml(sink, Job(), progress);
+        break;
+    default:
+        WriteCsv(sink, mState->definition, *Rows(), progress);
+    }
 }
 
 void LiveReport::WarnOfMissingGlyphs() const {

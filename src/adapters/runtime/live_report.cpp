@@ -193,12 +193,16 @@ void LiveReport::RunFormatHandler(const report::Section& section, std::int32_t p
     handler->second();
 }
 
+bool LiveReport::Landscape() const {
+    return mOrientation == OrientationLandscape;
+}
+
 report::DocumentContext LiveReport::Context() {
     report::DocumentContext context;
     context.text = mServices->text.get();
     const PaperExtent paper = ExtentOfPaper(mPaperSize);
     context.sheet = {paper.width, paper.height};
-    if (mOrientation == OrientationLandscape) std::swap(context.sheet.width, context.sheet.height);
+    if (Landscape()) std::swap(context.sheet.width, context.sheet.height);
     context.printedAt = PrintedAt();
     for (const auto& [name, subreport] : mSubreports)
         if (subreport->mRows) context.subreportRows[name] = subreport->mRows;

@@ -1,6 +1,7 @@
 // A report object that is alive: its layout can be filled, its rows bound, its pages made.
 #pragma once
 
+#include "adapters/export/export_job.h"
 #include "adapters/output/report_output.h"
 #include "adapters/runtime/live_objects.h"
 #include "adapters/runtime/report_state.h"
@@ -24,7 +25,7 @@ public:
     [[nodiscard]] std::int32_t PageCount() override;
     [[nodiscard]] std::string Device() override;
     void WritePdf(ByteSink& sink, const PageRange& range, const PageProgress& progress) override;
-    void WriteCsv(ByteSink& sink) override;
+    void WriteTable(TableKind kind, ByteSink& sink, const TableProgress& progress) override;
 
 private:
     void DoSetDataSource(const Ref<DAO::Recordset>& data, int dataTag) override;
@@ -45,6 +46,8 @@ private:
 
     [[nodiscard]] report::Document& Document();
     [[nodiscard]] report::DocumentContext Context();
+    [[nodiscard]] ExportJob Job();
+    [[nodiscard]] bool Landscape() const;
     [[nodiscard]] double PrintedAt();
     /// The rows as read; none before that.
     [[nodiscard]] std::shared_ptr<const RowSource> Rows() const;

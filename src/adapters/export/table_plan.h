@@ -1,0 +1,33 @@
+// What a definition shows, seen as a table: heading, columns, the words of totals.
+#pragma once
+
+#include "report/definition.h"
+
+#include <string>
+#include <vector>
+
+namespace qbrpt {
+
+/// A line above the table, dressed as on the first page.
+struct HeadingLine {
+    std::string text;
+    double size = 9; ///< points
+    bool bold = false;
+    bool headingFace = false;
+    report::Color color = 0;
+};
+
+struct TablePlan {
+    const report::Definition* definition = nullptr;
+    std::vector<HeadingLine> heading;
+    std::vector<report::Column> columns; ///< captions as they are now
+
+    /// Columns before the first that has a sum or an average: the words of a total stand there.
+    [[nodiscard]] std::size_t WordColumns() const;
+};
+
+/// The plan of a definition, which must outlive it. One without columns (cards) shows all its fields, under
+/// their names.
+[[nodiscard]] TablePlan PlanOf(const report::Definition& definition);
+
+} // namespace qbrpt
