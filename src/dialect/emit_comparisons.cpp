@@ -66,14 +66,6 @@ void Emitter::EmitComparison(Operator op, const Node& left, const Node& right, L
 
 void Emitter::EmitPlainCompare(Operator op, const Node& left, const Node& right, Level level) {
     const bool booleans = left.kind == ValueKind::Boolean || right.kind == ValueKind::Boolean;
-    // "= False" and "<> True" of a condition are its contrary, which the engine plans better.
-    if (booleans && IsEquality(op) && right.type == NodeType::Boolean && left.kind == ValueKind::Boolean) {
-        const bool contrary = (right.whole == 0) == (op == Operator::Equal);
-        if (left.type == NodeType::Call && left.builtin->form == Form::IsNull)
-            return EmitNullTest(*left.operands[0], contrary, level);
-        if (left.type == NodeType::IsNull)
-            return EmitNullTest(*left.operands[0], left.negated != contrary, level);
-    }
     const Enclosed enclosed(*this, IsEquality(op) ? Equal : Relation, level);
     if (booleans && IsEquality(op)) { // -1 and 1 both mean true
         EmitBit(left, Relation);

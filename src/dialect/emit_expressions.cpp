@@ -298,7 +298,7 @@ void Emitter::EmitArithmetic(const Node& node, Level level) {
 // What is not in the totals has no rows: a count of 0, null for all other aggregates.
 void Emitter::EmitLookup(const Node& node) {
     if (node.star) Put("COALESCE(");
-    Put("(SELECT \"c" + std::to_string(node.whole) + "\" FROM ");
+    Put("(SELECT \"c" + std::to_string(node.whole + 1) + "\" FROM ");
     PutName(node.text);
     Put(" WHERE \"c1\" = ");
     EmitValue(*node.operands[0], Bits);

@@ -1,6 +1,7 @@
 // SELECT, its unions, its order and its TOP.
 #include "dialect/emit_depth.h"
 #include "dialect/emitter.h"
+#include "dialect/functions.h"
 #include "dialect/kinds.h"
 
 #include <utility>
@@ -185,6 +186,8 @@ void Emitter::EmitFrom(const JoinNode& join) {
 void Emitter::EmitSource(const Source& source) {
     if (source.table != nullptr) {
         PutName(source.table->name);
+    } else if (!source.totals.empty()) {
+        PutName(source.totals);
     } else {
         Put("(");
         EmitQuery(*source.query, Naming::Internal);
@@ -204,24 +207,40 @@ void Emitter::EmitGroupBy(const Select& select) {
             Put("''");
             continue;
         }
+        if (select.groupsApart) Put("+");
+        if (EmitOrderKey(node)) continue;
         EmitAs(node, node.kind, Collate);
         if (MayBeText(node.kind)) Put(" COLLATE QBRPT");
     }
 }
 
+// Keys of columns only: any other text might be dear to work out a second time.
+bool Emitter::EmitOrderKey(const Node& original) {
+    const Node& node = Meaning(original);
+    if (!MayBeText(node.kind) || node.binding.target != Binding::Target::Column) return false;
+    Put(OrderFunctionName);
+    Put("(");
+    EmitValue(node, Or);
+    Put(")");
+    return true;
+}
+
 void Emitter::EmitOrder(const Query& query) {
+    const Select& select = *query.parts.front();
     bool first = true;
     for (const OrderTerm& term : query.order) {
-        const Node& node =
-            term.item ? *query.parts.front()->items[*term.item].expression : Meaning(*term.expression);
+        const Node& node = term.item ? *select.items[*term.item].expression : Meaning(*term.expression);
         if (IsConstant(node)) continue;
         Put(first ? " ORDER BY " : ", ");
         first = false;
-        if (term.item && node.kind != ValueKind::Boolean)
-            Put(std::to_string(*term.item + 1));
-        else
-            EmitNumberOrValue(Meaning(node), Collate);
-        if (MayBeText(node.kind)) Put(" COLLATE QBRPT");
+        // Of rows that are made one, those columns are sorted that show.
+        if (select.distinct || !EmitOrderKey(node)) {
+            if (term.item && node.kind != ValueKind::Boolean)
+                Put(std::to_string(*term.item + 1));
+            else
+                EmitNumberOrValue(Meaning(node), Collate);
+            if (MayBeText(node.kind)) Put(" COLLATE QBRPT");
+        }
         if (term.descending) Put(" DESC");
     }
 }

@@ -56,6 +56,7 @@ private:
     void EmitSource(const Source& source);
     void EmitGroupBy(const Select& select);
     void EmitOrder(const Query& query);
+    [[nodiscard]] bool EmitOrderKey(const Node& node);
 
     // Expressions.
     void EmitValue(const Node& node, Level level);

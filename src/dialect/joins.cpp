@@ -24,15 +24,6 @@ bool IsStrict(const Node& original, const Source& source) {
     return false;
 }
 
-bool IsNullTest(const Node& node, bool& negated) {
-    if (node.type == NodeType::IsNull) {
-        negated = node.negated;
-        return true;
-    }
-    negated = false;
-    return node.type == NodeType::Call && node.builtin->form == Form::IsNull;
-}
-
 void CollectSources(const JoinNode& join, std::vector<const Source*>& sources) {
     if (join.source != nullptr) sources.push_back(join.source);
     if (join.left) CollectSources(*join.left, sources);
@@ -155,17 +146,9 @@ std::vector<const Node*> Conjuncts(const Node* condition) {
 }
 
 bool RejectsNulls(const Node& condition, const Source& source) {
-    bool negated = false;
     switch (condition.type) {
-    case NodeType::Compare: {
-        const Node& left = *condition.operands[0];
-        const Node& right = *condition.operands[1];
-        if (IsNullTest(left, negated)) { // IsNull(x) = False
-            return condition.op == Operator::Equal && !negated && right.type == NodeType::Boolean &&
-                   right.whole == 0 && IsStrict(*left.operands[0], source);
-        }
-        return IsStrict(left, source) || IsStrict(right, source);
-    }
+    case NodeType::Compare:
+        return IsStrict(*condition.operands[0], source) || IsStrict(*condition.operands[1], source);
     case NodeType::Between:
     case NodeType::InList:
     case NodeType::Like:
@@ -174,10 +157,6 @@ bool RejectsNulls(const Node& condition, const Source& source) {
         return !condition.negated && IsStrict(*condition.operands[0], source);
     case NodeType::IsNull:
         return condition.negated && IsStrict(*condition.operands[0], source);
-    case NodeType::Not: {
-        const Node& inner = *condition.operands[0];
-        return IsNullTest(inner, negated) && !negated && IsStrict(*inner.operands[0], source);
-    }
     default:
         return false;
     }

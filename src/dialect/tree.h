@@ -48,7 +48,8 @@ enum class NodeType : std::uint8_t {
     Exists,
     Subquery,
     Call,
-    Lookup ///< made by a rewrite: column `whole` of the totals `text`, in the row of the operand's key
+    Lookup ///< made by a rewrite: column `whole` (from 0) of the totals `text`, in the row of the operand's
+           ///< key
 };
 
 enum class Operator : std::uint8_t {
@@ -120,6 +121,8 @@ struct Source {
     const Table* table = nullptr;
     std::vector<SourceColumn> columns;
     std::string emittedName; ///< unique in the whole statement
+
+    std::string totals; ///< made by a rewrite: the totals that stand here in place of a table
 };
 
 struct JoinNode {
@@ -161,6 +164,9 @@ struct Select {
     std::vector<NodePtr> groupBy;
     NodePtr having;
     bool aggregated = false; ///< filled in: an aggregate stands in its list, HAVING or ORDER BY
+    /// Made by a rewrite: the rows are sorted into groups apart. Walked along an index of the key, which the
+    /// engine would prefer, a large table is read in the order of its rows' keys and not as it lies.
+    bool groupsApart = false;
 };
 
 struct Query {

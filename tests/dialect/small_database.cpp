@@ -88,6 +88,17 @@ int CompareTexts(void*, int leftSize, const void* left, int rightSize, const voi
     return a < b ? -1 : a == b ? 0 : 1;
 }
 
+// Characters as four bytes each, so that the order of the bytes is that of CompareTexts.
+void MakeOrderKey(sqlite3_context* context, int, sqlite3_value** values) {
+    if (sqlite3_value_type(values[0]) != SQLITE_TEXT) return sqlite3_result_value(context, values[0]);
+    std::string key;
+    for (const char32_t character : CharactersOf(std::get<std::string>(FromSqlite(values[0])), true)) {
+        for (const unsigned shift : {24U, 16U, 8U, 0U})
+            key.push_back(static_cast<char>(character >> shift));
+    }
+    sqlite3_result_blob(context, key.data(), static_cast<int>(key.size()), SQLITE_TRANSIENT);
+}
+
 ValueKind KindOfType(std::string type) {
     std::transform(type.begin(), type.end(), type.begin(), [](char c) { return FoldLetter(c); });
     const auto has = [&type](const char* word) { return type.find(word) != std::string::npos; };
@@ -132,6 +143,9 @@ SmallDatabase::SmallDatabase() {
     sqlite3_open(":memory:", &mDatabase);
     sqlite3_create_collation(mDatabase, std::string(CollationName).c_str(), SQLITE_UTF8, nullptr,
                              CompareTexts);
+    sqlite3_create_function_v2(mDatabase, std::string(OrderFunctionName).c_str(), 1,
+                               SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, MakeOrderKey, nullptr, nullptr,
+                               nullptr);
     for (const ScalarFunction& function : ScalarFunctions()) {
         for (int count = function.minimumArguments; count <= function.maximumArguments; ++count)
             sqlite3_create_function_v2(mDatabase, std::string(function.emittedName).c_str(), count,

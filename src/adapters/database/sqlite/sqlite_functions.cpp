@@ -1,7 +1,6 @@
 #include "adapters/database/sqlite/sqlite_functions.h"
 
-#include "adapters/database/sqlite/sqlite_error.h"
-#include "adapters/database/sqlite/text_order.h"
+#include "adapters/database/sqlite/sqlite_order.h"
 #include "dialect/functions.h"
 #include "platform/desktop.h"
 #include "platform/platform.h"
@@ -9,7 +8,6 @@
 #include <memory>
 #include <new>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -113,48 +111,33 @@ void EndAggregate(sqlite3_context* context) {
     });
 }
 
-int CompareTexts(void*, int sizeA, const void* a, int sizeB, const void* b) {
-    const auto view = [](const void* text, int size) {
-        return std::string_view(static_cast<const char*>(text), static_cast<std::size_t>(size));
-    };
-    return TextOrder::Shared().Compare(view(a, sizeA), view(b, sizeB));
-}
-
-// SQLite refuses to put a function in again while a statement of the host runs; then ours is there already.
-void Check(sqlite3* handle, int code) {
-    if (code != SQLITE_OK && code != SQLITE_BUSY)
-        throw SqliteFailure(handle, code, "The registration of functions");
-}
-
 void Register(sqlite3* handle, const ScalarFunction& function) {
     const std::string name(function.emittedName);
     const int flags = SQLITE_UTF8 | SQLITE_INNOCUOUS | (function.usesNow ? 0 : SQLITE_DETERMINISTIC);
     // SQLite only hands the pointer back, and only we read it there.
     auto* self = const_cast<ScalarFunction*>(&function);
     for (int count = function.minimumArguments; count <= function.maximumArguments; ++count)
-        Check(handle, sqlite3_create_function_v2(handle, name.c_str(), count, flags, self, Evaluate, nullptr,
-                                                 nullptr, nullptr));
+        CheckRegistered(handle, sqlite3_create_function_v2(handle, name.c_str(), count, flags, self, Evaluate,
+                                                           nullptr, nullptr, nullptr));
 }
 
 void Register(sqlite3* handle, const AggregateFunction& function) {
     const std::string name(function.emittedName);
     auto* self = const_cast<AggregateFunction*>(&function);
     constexpr int anyNumber = -1;
-    Check(handle, sqlite3_create_function_v2(handle, name.c_str(), anyNumber, SQLITE_UTF8 | SQLITE_INNOCUOUS,
-                                             self, nullptr, StepAggregate, EndAggregate, nullptr));
+    CheckRegistered(handle, sqlite3_create_function_v2(handle, name.c_str(), anyNumber,
+                                                       SQLITE_UTF8 | SQLITE_INNOCUOUS, self, nullptr,
+                                                       StepAggregate, EndAggregate, nullptr));
 }
 
 } // namespace
 
 void RegisterFunctions(sqlite3* handle) {
-    static_cast<void>(TextOrder::Shared()); // a missing order is told here, where it can be told
+    RegisterTextOrder(handle);
     for (const ScalarFunction& function : dialect::ScalarFunctions())
         Register(handle, function);
     for (const AggregateFunction& function : dialect::AggregateFunctions())
         Register(handle, function);
-    const std::string order(dialect::CollationName);
-    Check(handle,
-          sqlite3_create_collation_v2(handle, order.c_str(), SQLITE_UTF8, nullptr, CompareTexts, nullptr));
 }
 
 double FunctionRun::Now() {

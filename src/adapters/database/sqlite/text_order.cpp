@@ -5,6 +5,7 @@
 
 #include <unicode/ucol.h>
 #include <unicode/ucoleitr.h>
+#include <unicode/ustring.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -134,6 +135,27 @@ int TextOrder::Compare(std::string_view a, std::string_view b) const {
 
 int TextOrder::CompareByRules(std::string_view a, std::string_view b) const {
     return CompareBy(mRules.get(), a, b);
+}
+
+std::string TextOrder::KeyOf(std::string_view text) const {
+    constexpr std::size_t usualKey = 64;
+    UErrorCode status = U_ZERO_ERROR;
+    std::int32_t length = 0;
+    std::u16string wide(text.size(), u'\0');
+    u_strFromUTF8WithSub(wide.data(), static_cast<std::int32_t>(wide.size()), &length, text.data(),
+                         static_cast<std::int32_t>(text.size()), ReplacementCharacter, nullptr, &status);
+    std::string key(usualKey, '\0');
+    const auto fill = [&] {
+        return static_cast<std::size_t>(ucol_getSortKey(mRules.get(), wide.data(), length,
+                                                        reinterpret_cast<std::uint8_t*>(key.data()),
+                                                        static_cast<std::int32_t>(key.size())));
+    };
+    const std::size_t needed = fill();
+    const bool fitted = needed <= key.size();
+    key.resize(needed);
+    if (!fitted) (void)fill();
+    key.pop_back(); // the zero at its end
+    return key;
 }
 
 const TextOrder& TextOrder::Shared() {

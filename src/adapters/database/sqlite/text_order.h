@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -25,6 +26,9 @@ public:
     [[nodiscard]] int Compare(std::string_view a, std::string_view b) const;
     /// The same by the full rules alone.
     [[nodiscard]] int CompareByRules(std::string_view a, std::string_view b) const;
+
+    /// Bytes whose plain order is that of the texts, and that are equal where Compare says so.
+    [[nodiscard]] std::string KeyOf(std::string_view text) const;
 
     /// The one of the process.
     static const TextOrder& Shared();
