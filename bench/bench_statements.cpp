@@ -1,11 +1,15 @@
 // Times the heavy statements against what a person would write by hand for SQLite. Both ways run in turn in
 // one process, so that a busy machine slows them alike; figures are the least processor time of all turns.
 //
-//   bench_statements FILE [TURNS]    a line of a table for each statement
-//   bench_statements show FILE       what the statements become, and how the engine goes about them
+//   bench_statements make FILE     writes a café of a million sessions
+//   bench_statements strip FILE    takes the indexes out of it
+//   bench_statements time FILE     a line of a table for each statement
+//   bench_statements show FILE     what the statements become, and how the engine goes about them
 #include "adapters/database/read_rows.h"
 #include "adapters/database/sqlite/sqlite_connection.h"
 #include "adapters/database/sqlite/sqlite_open.h"
+#include "adapters/database/sqlite/sqlite_statement.h"
+#include "sample/sample.h"
 #include "statements.h"
 #include "stopwatch.h"
 
@@ -14,12 +18,32 @@
 #include <exception>
 #include <iostream>
 #include <limits>
+#include <stdexcept>
 #include <string>
 
 namespace {
 
 using namespace qbrpt;
 using bench::StatementPair;
+
+void MakeDatabase(const std::string& file) {
+    sample::SampleOptions options;
+    options.file = file;
+    options.days = 400;
+    options.sessionsPerDay = 2500;
+    sample::MakeSampleDatabase(options);
+}
+
+void DropIndexes(const std::string& file) {
+    const database::SqliteHandle handle = database::OpenSqliteFile(file, false, false);
+    std::string drops;
+    database::SqliteStatement names(
+        handle.get(), "SELECT name FROM sqlite_schema WHERE type = 'index' AND sql IS NOT NULL", "");
+    for (RowView row; names.Step(row);)
+        drops += "DROP INDEX " + std::string(row[0].text) + ";";
+    if (sqlite3_exec(handle.get(), drops.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        throw std::runtime_error(sqlite3_errmsg(handle.get()));
+}
 
 /// The least time that a piece of work has taken, and what it counted.
 struct Best {
@@ -48,7 +72,8 @@ std::size_t Store(database::Connection& connection, const std::string& text) {
     return database::ReadRows(*statement, translation.columns, {})->RowCount();
 }
 
-void Measure(database::Connection& connection, const StatementPair& pair, int turns) {
+void Measure(database::Connection& connection, const StatementPair& pair) {
+    constexpr int turns = 5;
     Best byHand;
     Best ours;
     Best stored;
@@ -83,22 +108,18 @@ void Show(database::Connection& connection, const StatementPair& pair) {
 
 int main(int count, char** words) {
     try {
-        const bool show = count == 3 && std::string(words[1]) == "show";
-        if (count < 2) {
-            std::cerr << "usage: bench_statements FILE [TURNS] | show FILE\n";
+        const std::string mode = count > 2 ? words[1] : "";
+        if (mode == "make") {
+            MakeDatabase(words[2]);
+        } else if (mode == "strip") {
+            DropIndexes(words[2]);
+        } else if (mode == "show" || mode == "time") {
+            database::SqliteConnection connection(database::OpenSqliteFile(words[2], false, true));
+            for (const StatementPair& pair : bench::StatementPairs())
+                mode == "show" ? Show(connection, pair) : Measure(connection, pair);
+        } else {
+            std::cerr << "usage: bench_statements make|strip|time|show FILE\n";
             return 2;
-        }
-        database::SqliteConnection connection(database::OpenSqliteFile(words[show ? 2 : 1], false, true));
-        const int turns = !show && count > 2 ? std::stoi(words[2]) : 5;
-        if (!show)
-            std::cout << "| statement | rows | by hand | ours | times | ours, rows stored | times |\n"
-                         "|---|---|---|---|---|---|---|\n"
-                      << std::flush;
-        for (const StatementPair& pair : bench::StatementPairs()) {
-            if (show)
-                Show(connection, pair);
-            else
-                Measure(connection, pair, turns);
         }
         return 0;
     } catch (const std::exception& error) {

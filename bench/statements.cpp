@@ -1,5 +1,13 @@
 #include "statements.h"
 
+#include "adapters/database/recordset.h"
+#include "adapters/database/row_store.h"
+#include "platform/DAO.h"
+#include "service/VantlowCls.h"
+
+#include <memory>
+#include <optional>
+
 namespace qbrpt::bench {
 
 namespace {
@@ -11,33 +19,30 @@ struct HostBounds {
     std::string host;
 };
 
-std::string HostStatement(const HostBounds& bounds) {
-    const bool all = bounds.first.empty();
-    const std::string inner =
-        all ? "" : "([local_log].[end_time] Between " + bounds.first + " And " + bounds.last + ") ";
-    const std::string outer =
-        all ? "" : "([local_log2].[end_time] Between " + bounds.first + "  AND " + bounds.last + ") ";
-    const std::string start =
-        "(SELECT Sum(use_time) FROM local_log WHERE local_log.host_id = [local_log2].[host_id] ";
-    const std::string and1 = all ? "" : "AND " + inner;
-    return "SELECT host_src.name, " + start + "AND (Not member_id Is Null) AND (Not [end_time] Is Null) " +
-           and1 + ")AS member_time, " + start + "AND (member_id Is Null) AND (Not [end_time] Is Null) " +
-           and1 + ") AS non_member_time, " + start + "AND (Not [end_time] Is Null) " + and1 +
-           ") AS total_time, (SELECT Sum(local_log.net_cost * local_log.use_time)AS netincom FROM local_log "
-           "WHERE (Not end_time Is Null) AND (member_id Is Null) AND (local_log.host_id = "
-           "local_log2.host_id) " +
-           (all ? "" : " AND " + inner) +
-           ") AS tnet, Sum(local_log2.print_count) AS sprint_count, "
-           "Sum([local_log2].[print_count]*[local_log2].[print_cost]) AS printincom, Sum(local_log2.paid + "
-           "local_log2.discount) AS totalcost, Sum(local_log2.Discount) AS sDiscount, Sum(local_log2.paid) "
-           "AS netincome, (Sum([use_time])/(SELECT IIf(Sum([use_time]) Is Null  Or Sum([use_time]) = 0, 1, "
-           "Sum([use_time])) as s FROM local_log WHERE Not IsNull(end_time)" +
-           (all ? "" : " AND " + inner) +
-           ")) AS p FROM host_src INNER JOIN local_log AS local_log2 ON host_src.id = local_log2.host_id "
-           "WHERE (((IsNull([end_time]))=False) " +
-           (all ? "" : " AND " + outer) +
-           (bounds.host.empty() ? "" : " AND (local_log2.host_id = " + bounds.host + ")") +
-           ") GROUP BY host_src.id, host_src.name, local_log2.host_id ORDER BY host_src.name ";
+/// A database that only notes what is asked of it. Without rows a command ends before its report.
+class Notes final : public DAO::Database {
+public:
+    [[nodiscard]] const std::string& Last() const { return mLast; }
+
+private:
+    Ref<DAO::Recordset> DoOpenRecordset(const std::string& source, std::optional<int>) override {
+        mLast = source;
+        return database::MakeRecordset(database::RowStoreBuilder({}).Finish());
+    }
+    void DoExecute(const std::string&) override {}
+    std::int32_t DoRecordsAffected() override { return 0; }
+    Ref<DAO::QueryDef> DoQueryDefs(const std::string&) override { return nullptr; }
+
+    std::string mLast;
+};
+
+template <class Command>
+std::string StatementOf(const Command& command) {
+    const auto notes = std::make_shared<Notes>();
+    VantlowCls reports;
+    reports.SetDatabase(notes);
+    command(reports);
+    return notes->Last();
 }
 
 std::string HostByHand(const HostBounds& bounds) {
@@ -58,15 +63,6 @@ std::string HostByHand(const HostBounds& bounds) {
            period + host + " GROUP BY l.host_id) a ON h.id = a.host_id ORDER BY h.name";
 }
 
-std::string UseStatement(const std::string& filter) {
-    return "SELECT host_src.name, IIf(Not local_log.member_id Is Null, IIf(not members.name Is Null, "
-           "members.name, 'عميل محذوف'), 'مستخدم عام') AS member,log_time, use_time, idle_time,  net_cost, "
-           "print_count, other_cost, discount, paid, user_name FROM (host_src LEFT JOIN (members RIGHT JOIN "
-           "local_log ON members.id = local_log.member_id) ON host_src.id = local_log.host_id) LEFT JOIN "
-           "users ON local_log.user_id = users.id  WHERE (NOT local_log.end_time Is Null) " +
-           filter + " ORDER BY host_src.name, local_log.log_time";
-}
-
 std::string UseByHand(const std::string& filter) {
     return "SELECT h.name, CASE WHEN local_log.member_id IS NOT NULL THEN CASE WHEN m.name IS NOT NULL THEN "
            "m.name ELSE 'عميل محذوف' END ELSE 'مستخدم عام' END, log_time, use_time, idle_time, net_cost, "
@@ -79,18 +75,19 @@ std::string UseByHand(const std::string& filter) {
 } // namespace
 
 std::vector<StatementPair> StatementPairs() {
-    const HostBounds all{"", "", ""};
-    const HostBounds period{"45700", "45780", ""};
-    const HostBounds host{"", "", "60"};
-    const std::string range = " AND (local_log.work_id BETWEEN 101 AND 131)";
-    const std::string oneHost = " AND (local_log.host_id = 60)";
+    const auto hosts = [](double date1, double date2, std::int32_t host) {
+        return StatementOf([=](VantlowCls& reports) { reports.PrintPCUsage(date1, date2, host); });
+    };
+    const auto uses = [](std::int32_t date1, std::int32_t date2, std::int32_t host) {
+        return StatementOf([=](VantlowCls& reports) { reports.PrintUsage(date1, date2, host); });
+    };
     return {
-        {"PrintPCUsage", HostStatement(all), HostByHand(all)},
-        {"PrintPCUsage of a period", HostStatement(period), HostByHand(period)},
-        {"PrintPCUsage of one host", HostStatement(host), HostByHand(host)},
-        {"PrintUsage", UseStatement(""), UseByHand("")},
-        {"PrintUsage of a range", UseStatement(range), UseByHand(range)},
-        {"PrintUsage of one host", UseStatement(oneHost), UseByHand(oneHost)},
+        {"PrintPCUsage", hosts(0, 0, 0), HostByHand({"", "", ""})},
+        {"PrintPCUsage, a fifth of the time", hosts(45700, 45780, 0), HostByHand({"45700", "45780", ""})},
+        {"PrintPCUsage, one host", hosts(0, 0, 60), HostByHand({"", "", "60"})},
+        {"PrintUsage", uses(0, 0, 0), UseByHand("")},
+        {"PrintUsage, 31 days", uses(101, 131, 0), UseByHand(" AND (local_log.work_id BETWEEN 101 AND 131)")},
+        {"PrintUsage, one host", uses(0, 0, 60), UseByHand(" AND (local_log.host_id = 60)")},
     };
 }
 

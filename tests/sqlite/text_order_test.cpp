@@ -71,5 +71,24 @@ TEST(TextOrder, TheTableOfRanksAgreesWithTheFullRules) {
     }
 }
 
+TEST(TextOrder, KeysStandInTheOrderOfTheTexts) {
+    const unsigned seed = std::random_device{}();
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::mt19937 random(seed);
+    const TextOrder& order = TextOrder::Shared();
+    for (int i = 0; i < 100000; ++i) {
+        const std::string a = RandomText(random);
+        const std::string b = i % 3 == 0 ? a + RandomText(random) : RandomText(random);
+        ASSERT_EQ(Sign(order.KeyOf(a).compare(order.KeyOf(b))), Sign(order.Compare(a, b)))
+            << a << " and " << b;
+    }
+}
+
+TEST(TextOrder, KeysOfLongTextsAreWhole) {
+    const std::string a(5000, 'a');
+    EXPECT_LT(TextOrder::Shared().KeyOf(a), TextOrder::Shared().KeyOf(a + "a"));
+    EXPECT_EQ(TextOrder::Shared().KeyOf(a), TextOrder::Shared().KeyOf(std::string(5000, 'A')));
+}
+
 } // namespace
 } // namespace qbrpt::database
