@@ -111,7 +111,11 @@ const Mistake Mistakes[] = {
     {"PartNowhere", "D = \"total\"\n", "", "no section shows the part \"total\""},
     {"PartsOfDifferentPlaces", "[\"first-heading\", \"captions\"]", "[\"first-heading\", \"rows\"]",
      "this part stands elsewhere on the page"},
-    {"FirstAndLaterTogether", "[\"first-heading\", \"captions\"]", "[\"first-heading\", \"later-heading\"]",
+
+    {"FirstBehindLater", "[\"first-heading\", \"captions\"]", "[\"later-heading\", \"first-heading\"]",
+     "one part is for the first page, the other for later pages"},
+    {"LaterBehindOthers", "[\"first-heading\", \"captions\"]",
+     "[\"first-heading\", \"captions\", \"later-heading\"]",
      "one part is for the first page, the other for later pages"},
     {"SectionIsNumber", "C = \"rows\"", "C = 1", "a section is the name of a part, or a list of such names"},
     {"TwoOfOneName", "\"HeadTitleText\"", "\"HotelNameText\"",

@@ -1,12 +1,12 @@
 // Bands: the pieces of a page that a layout is made of, before they are stacked into sections.
 #pragma once
 
+#include "adapters/layout/field_book.h"
 #include "adapters/layout/mistakes.h"
+#include "adapters/layout/picture_shelf.h"
 #include "adapters/layout/style_sheet.h"
-#include "base/fields.h"
 #include "report/definition.h"
 
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +25,7 @@ struct Band {
     report::OnPages on = report::OnPages::All;
     int group = 0;
     bool repeat = false;
+    bool skipAlone = false;
     report::Twips height = 0;
     std::vector<Placed> objects;
 };
@@ -33,7 +34,8 @@ struct Band {
 struct Workshop {
     const StyleSheet& styles;
     Mistakes& mistakes;
-    std::span<const Field> fields;
+    const FieldBook& fields;
+    const PictureShelf& pictures;
     report::Twips width = 0;  ///< of the template
     report::Twips margin = 0; ///< kept free at each side
     [[nodiscard]] report::Twips Content() const { return width - 2 * margin; }

@@ -1,20 +1,21 @@
 #include "adapters/layout/builder.h"
 
+#include "adapters/layout/cards.h"
 #include "adapters/layout/checks.h"
-#include "adapters/layout/columns.h"
-#include "adapters/layout/formats.h"
 #include "adapters/layout/free_objects.h"
 #include "adapters/layout/heading.h"
 #include "adapters/layout/sections.h"
-#include "adapters/layout/table_bands.h"
+#include "adapters/layout/table_parts.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace qbrpt::layout {
 
 namespace {
 
 constexpr double WidestTemplate = 40000;
+constexpr int DeepestSubreport = 2;
 const Node NoNode;
 
 /// A table that a layout must have; an empty one and a mistake where it is missing.
@@ -32,24 +33,43 @@ report::Twips ReadWidth(TableReader& layout) {
     return 11178;
 }
 
+/// The keys of a layout that its subreports share.
+constexpr std::string_view SharedKeys[] = {"width_twips", "margin",   "shrink_to", "face",
+                                           "color",       "style",    "stroke",    "row",
+                                           "metrics",     "emphasis", "noun",      "headings"};
+
+Node InHouseOf(const Node& layout, const Node& subreport) {
+    Node shared;
+    for (const Entry& entry : layout.entries)
+        if (std::find(std::begin(SharedKeys), std::end(SharedKeys), entry.key) != std::end(SharedKeys))
+            shared.entries.push_back(entry);
+    return Merge(std::move(shared), subreport);
+}
+
 class Builder {
 public:
-    Builder(const std::string& name, const Node& node, std::span<const Field> fields, Mistakes& mistakes)
-        : mMistakes(mistakes), mLayout(node, "the layout", mistakes),
-          mSheet(mLayout, mistakes), mShop{mSheet, mistakes, fields, ReadWidth(mLayout),
-                                           mLayout.Length("margin", 13)} {
+    Builder(const std::string& name, const Node& node, std::span<const Field> fields,
+            const PictureShelf& pictures, Mistakes& mistakes)
+        : mNode(node), mMistakes(mistakes), mLayout(node, "the layout", mistakes), mSheet(mLayout, mistakes),
+          mFields(fields, mLayout, mistakes),
+          mShop{mSheet, mistakes, mFields, pictures, ReadWidth(mLayout), mLayout.Length("margin", 13)} {
         mBuilt.definition = std::make_shared<report::Definition>();
         mBuilt.place = node.place;
         mBuilt.widthPlace = mLayout.PlaceOf("width_twips");
         mBuilt.definition->name = name;
         mBuilt.definition->width = mShop.width;
         mBuilt.definition->fields = fields;
+        mBuilt.definition->computed = mFields.Computed();
         mBuilt.definition->nouns = mSheet.Nouns();
     }
 
     BuiltLayout Build() {
         BuildPageParts();
-        BuildTableParts();
+        BuildTableParts(mLayout, Needed(mLayout, "metrics", NodeKind::Table), mShop, mParts,
+                        *mBuilt.definition);
+        if (const Node* cards = mLayout.Child("cards", NodeKind::Table))
+            mParts["cards"] = CardsBand(*cards, mShop);
+        BuildSubreports();
         std::vector<FreeObject> freeObjects;
         if (const Node* list = mLayout.Child("object", NodeKind::List))
             freeObjects = ReadFreeObjects(*list, mShop);
@@ -65,8 +85,10 @@ public:
 private:
     void BuildPageParts() {
         const Node& forms = Needed(mLayout, "headings", NodeKind::Table);
+        const std::shared_ptr<const Picture> logo = ReadLogo();
         if (const Node* heading = mLayout.Child("heading", NodeKind::Table)) {
-            const HeadingWords words = ReadHeading(*heading, mShop);
+            HeadingWords words = ReadHeading(*heading, mShop);
+            words.logo = logo;
             mBuilt.definition->titleObject = TitleObjectOf(words);
             mParts["first-heading"] = HeadingBand(words, forms, mShop);
             mParts["later-heading"] = LaterHeadingBand(words, forms, mShop);
@@ -75,62 +97,31 @@ private:
             mParts["footer"] = FooterBand(*footer, mShop);
     }
 
-    void BuildTableParts() {
-        const Node& metrics = Needed(mLayout, "metrics", NodeKind::Table);
-        const Node* list = mLayout.Child("columns", NodeKind::List);
-        const Node* total = mLayout.Child("total", NodeKind::Table);
-        const Node* average = mLayout.Child("average", NodeKind::Table);
-        const Node* groups = mLayout.Child("group", NodeKind::List);
-        if (list == nullptr) return;
-        const Columns columns = ReadColumns(*list, metrics, mShop);
-        const TableStyle style = ResolveTableStyle(metrics, columns, mShop);
-        const Table table{columns, style, mShop};
-        mParts["captions"] = CaptionBand(table);
-        mParts["rows"] = RowBand(table);
-        KeepColumns(columns);
-        if (total != nullptr) {
-            const TotalWords words = ReadTotalWords(*total, "[total]", mShop);
-            mBuilt.definition->total = words;
-            mParts["total"] = TotalBand(table, words);
-        }
-        if (average != nullptr) {
-            const TotalWords words = ReadTotalWords(*average, "[average]", mShop);
-            mBuilt.definition->average = words;
-            mParts["average"] = AverageBand(table, words);
-        }
-        if (groups == nullptr) return;
-        for (const Node& group : groups->items)
-            BuildGroup(group, table);
-    }
-
-    void KeepColumns(const Columns& columns) {
-        report::Definition& definition = *mBuilt.definition;
-        definition.columns.assign(columns.columns.begin(), columns.columns.end());
-        for (const Tier& tier : columns.tiers)
-            definition.tiers.push_back(tier.caption);
-    }
-
-    void BuildGroup(const Node& node, const Table& table) {
-        TableReader reader(node, "a group", mMistakes);
-        const auto index = static_cast<int>(mBuilt.definition->groups.size());
-        const std::string suffix = index == 0 ? "" : " " + std::to_string(index + 1);
-        report::Group group;
-        group.field = FieldOf(reader.RequiredText("field"), reader.PlaceOf("field"), mShop);
-        if (reader.Flag("by_day")) group.by = report::Group::By::Day;
-        if (group.field >= 0)
-            group.format = ReadFormat(reader, mShop.fields[static_cast<std::size_t>(group.field)].kind);
-        group.picture = reader.Text("picture");
-        group.whenEmpty = reader.Text("when_empty");
-        group.heading = reader.Text("heading", "{group}");
-        mParts["group-heading" + suffix] =
-            GroupHeadBand(table, group.heading, reader.Text("continued", "{continued}"), index, node.place);
-        if (const Node* total = reader.Child("total", NodeKind::Table)) {
-            const TotalWords words = ReadTotalWords(*total, "a group's total", mShop);
-            group.total = words;
-            mParts["group-total" + suffix] = SubtotalBand(table, words, index);
-        }
-        mBuilt.definition->groups.push_back(group);
+    std::shared_ptr<const Picture> ReadLogo() {
+        const Node* node = mLayout.Child("logo", NodeKind::Table);
+        if (node == nullptr) return nullptr;
+        TableReader reader(*node, "[logo]", mMistakes);
+        const std::string file = reader.RequiredText("file");
         reader.Finish();
+        return file.empty() ? nullptr : mShop.pictures.Find(file, reader.PlaceOf("file"));
+    }
+
+    /// Each is a layout of its own for rows of the same fields, without page headers and footers.
+    void BuildSubreports() {
+        const Node* subreports = mLayout.Child("subreport", NodeKind::Table);
+        if (subreports == nullptr) return;
+        for (const Entry& entry : subreports->entries) {
+            if (mDepth >= DeepestSubreport || entry.value.kind != NodeKind::Table) {
+                mMistakes.Add(entry.place, "a subreport is a table, at most two deep");
+                continue;
+            }
+            const Node inside = InHouseOf(mNode, entry.value);
+            Builder builder(entry.key, inside, mFields.Fields(), mShop.pictures, mMistakes);
+            builder.mDepth = mDepth + 1;
+            const BuiltLayout built = builder.Build();
+            mBuilt.sections.insert(mBuilt.sections.end(), built.sections.begin(), built.sections.end());
+            mBuilt.definition->subreports[entry.key] = built.definition;
+        }
     }
 
     void Finish(const std::vector<BuiltSection>& sections) {
@@ -142,6 +133,7 @@ private:
                 if (placed.named) mBuilt.objects.push_back({placed.object.name, placed.place});
             }
             mBuilt.sections.push_back({section.name, built.place});
+            if (!section.role.empty()) mBuilt.sections.push_back({section.role, built.place});
             definition.sections.push_back(std::move(section));
         }
         if (!mMistakes.Empty()) return;
@@ -151,12 +143,15 @@ private:
         if (!problem.empty()) mMistakes.Add(mBuilt.place, problem);
     }
 
+    const Node& mNode;
     Mistakes& mMistakes;
     TableReader mLayout;
     StyleSheet mSheet;
+    FieldBook mFields;
     Workshop mShop;
     Parts mParts;
     BuiltLayout mBuilt;
+    int mDepth = 0;
 };
 
 void CheckHolds(const std::vector<NamedThing>& own, const std::vector<NamedThing>& needed,
@@ -173,8 +168,8 @@ void CheckHolds(const std::vector<NamedThing>& own, const std::vector<NamedThing
 } // namespace
 
 BuiltLayout BuildLayout(const std::string& name, const Node& layout, std::span<const Field> fields,
-                        Mistakes& mistakes) {
-    return Builder(name, layout, fields, mistakes).Build();
+                        const PictureShelf& pictures, Mistakes& mistakes) {
+    return Builder(name, layout, fields, pictures, mistakes).Build();
 }
 
 void CheckStandIn(const BuiltLayout& own, const BuiltLayout& builtIn, Mistakes& mistakes) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/layout/mistakes.h"
+#include "adapters/layout/picture_shelf.h"
 #include "adapters/layout/tree.h"
 #include "base/fields.h"
 #include "report/definition.h"
@@ -29,7 +30,8 @@ struct BuiltLayout {
 
 /// Builds a layout; what is wrong with it goes into `mistakes`.
 [[nodiscard]] BuiltLayout BuildLayout(const std::string& name, const Node& layout,
-                                      std::span<const Field> fields, Mistakes& mistakes);
+                                      std::span<const Field> fields, const PictureShelf& pictures,
+                                      Mistakes& mistakes);
 
 /// A café's own layout stands in for a built-in one: it must have its width, sections and named objects.
 void CheckStandIn(const BuiltLayout& own, const BuiltLayout& builtIn, Mistakes& mistakes);

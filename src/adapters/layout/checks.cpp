@@ -13,8 +13,16 @@ using report::ObjectType;
 using report::Twips;
 
 bool TakesRoom(const Object& object) {
-    const bool isShape = object.type == ObjectType::Line || object.type == ObjectType::Box;
+    const bool isShape = object.type == ObjectType::Line || object.type == ObjectType::Box ||
+                         object.type == ObjectType::Subreport;
     return !isShape && object.follows.empty() && object.width > 0 && object.height > 0;
+}
+
+/// Whether no row and no page shows both.
+bool Exclude(const Object& a, const Object& b) {
+    if (a.on != b.on && a.on != report::OnPages::All && b.on != report::OnPages::All) return true;
+    return a.showWhen && b.showWhen && a.showWhen->field == b.showWhen->field &&
+           a.showWhen->test == b.showWhen->test && a.showWhen->unless != b.showWhen->unless;
 }
 
 bool Overlap(const Object& a, const Object& b) {
@@ -24,15 +32,17 @@ bool Overlap(const Object& a, const Object& b) {
 
 void CheckEdges(const Placed& placed, const BuiltSection& section, const Workshop& shop) {
     const Object& object = placed.object;
-    if (!object.follows.empty()) return;
+    if (!object.follows.empty() || object.type == ObjectType::Subreport) return;
     if (object.right < shop.margin || object.right + object.width > shop.width - shop.margin)
         shop.mistakes.Add(placed.place, Quoted(object.name) + " stands within " +
                                             std::to_string(shop.margin / 20) +
                                             " points of the template's edge");
     if (object.width < 0 || object.height < 0)
         shop.mistakes.Add(placed.place, Quoted(object.name) + " has a size below 0");
-    const bool measuredFromBottom = object.type == ObjectType::Line && object.atBottom;
-    if (!measuredFromBottom && (object.top < 0 || object.top + object.height > section.section.height))
+    // Marks of the first or last row of a page may stand outside of it.
+    const bool mayStandOutside =
+        object.type == ObjectType::Line && (object.atBottom || object.when != report::LineWhen::Always);
+    if (!mayStandOutside && (object.top < 0 || object.top + object.height > section.section.height))
         shop.mistakes.Add(placed.place, Quoted(object.name) + " reaches out of its section " +
                                             Quoted(section.section.name));
 }
@@ -75,7 +85,8 @@ void CheckPlaces(const std::vector<BuiltSection>& sections, const Workshop& shop
             if (!TakesRoom(one.object)) continue;
             for (std::size_t j = i + 1; j < section.objects.size(); ++j) {
                 const Placed& other = section.objects[j];
-                if (TakesRoom(other.object) && Overlap(one.object, other.object))
+                if (TakesRoom(other.object) && Overlap(one.object, other.object) &&
+                    !Exclude(one.object, other.object))
                     shop.mistakes.Add(other.place,
                                       Quoted(other.object.name) + " overlaps " + Quoted(one.object.name));
             }

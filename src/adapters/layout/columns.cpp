@@ -18,11 +18,6 @@ constexpr double Stretch = 0.01;
 /// Narrower columns can hold no figure.
 constexpr Twips NarrowestColumn = 300;
 
-std::optional<FieldKind> KindOf(int field, const Workshop& shop) {
-    if (field < 0) return std::nullopt;
-    return shop.fields[static_cast<std::size_t>(field)].kind;
-}
-
 std::string UniqueName(const std::string& wanted, const std::vector<Column>& columns) {
     std::string name = wanted;
     for (int count = 2; std::any_of(columns.begin(), columns.end(),
@@ -32,24 +27,49 @@ std::string UniqueName(const std::string& wanted, const std::vector<Column>& col
     return name;
 }
 
+std::optional<Bar> ReadBar(const Node& node, Twips columnWidth, const Workshop& shop) {
+    TableReader reader(node, "a bar", shop.mistakes);
+    Bar bar;
+    bar.width = reader.RequiredLength("width");
+    bar.color = shop.styles.Color(reader.Text("color", "bar"), reader.PlaceOf("color"));
+    bar.full = reader.Number("full", 0);
+    reader.Finish();
+    if (bar.full < 0) reader.Wrong("full", "\"full\" is the value of a full bar, above 0");
+    if (bar.width > 0 && columnWidth - bar.width >= NarrowestColumn) return bar;
+    reader.Wrong("width", "a bar needs a width that leaves its column room for the figures");
+    return std::nullopt;
+}
+
+void ReadLooks(TableReader& reader, Column& column, const Workshop& shop) {
+    if (reader.Has("emphasis"))
+        column.emphasis = shop.styles.EmphasisNamed(reader.Text("emphasis"), reader.PlaceOf("emphasis"));
+    const Node* bar = reader.Child("bar", NodeKind::Table);
+    if (bar == nullptr) return;
+    if (IsNumberFormat(column.format))
+        column.bar = ReadBar(*bar, column.span.width, shop);
+    else
+        reader.Wrong("bar", "only numbers have a bar");
+}
+
 Column ReadColumn(const Node& node, const Columns& before, const Workshop& shop) {
     TableReader reader(node, "a column", shop.mistakes);
     Column column;
     column.place = node.place;
     const std::string field = reader.RequiredText("field");
-    if (!field.empty()) column.field = FieldOf(field, reader.PlaceOf("field"), shop);
+    if (!field.empty()) column.field = shop.fields.Find(field, reader.PlaceOf("field"));
     column.name = UniqueName(field, before.columns);
     column.caption = reader.Text("caption");
     column.captionNamed = reader.Has("caption_object");
     column.captionObject = reader.Text("caption_object", column.name + " caption");
     column.unit = reader.Text("unit");
     column.span.width = reader.Length("width");
-    column.format = ReadFormat(reader, KindOf(column.field, shop));
+    column.format = ReadFormat(reader, shop.fields.KindOf(column.field));
     column.picture = reader.Text("picture");
     column.align = ReadAlign(reader, "align", UsualAlign(column.format));
     column.sum = reader.Flag("sum");
     column.average = reader.Flag("average");
     column.key = reader.Flag("key");
+    ReadLooks(reader, column, shop);
     column.grow = reader.Flag("grow", column.format == report::ValueFormat::Text);
     column.hideRepeated = reader.Flag("hide_repeated");
     if ((column.sum || column.average) && column.field >= 0 && !IsNumberFormat(column.format))
@@ -97,21 +117,6 @@ void ShareWidths(Columns& table, Twips available, const Workshop& shop) {
 
 bool Columns::Any(bool Column::*flag) const {
     return std::any_of(columns.begin(), columns.end(), [flag](const Column& column) { return column.*flag; });
-}
-
-std::vector<std::string_view> NamesOf(std::span<const Field> fields) {
-    std::vector<std::string_view> names;
-    for (const Field& field : fields)
-        names.push_back(field.name);
-    return names;
-}
-
-int FieldOf(const std::string& name, const Place& usedAt, const Workshop& shop) {
-    const auto found = std::find_if(shop.fields.begin(), shop.fields.end(),
-                                    [&name](const Field& field) { return field.name == name; });
-    if (found != shop.fields.end()) return static_cast<int>(found - shop.fields.begin());
-    shop.mistakes.Add(usedAt, "there is no field " + Quoted(name) + Suggestion(name, NamesOf(shop.fields)));
-    return -1;
 }
 
 Columns ReadColumns(const Node& list, const Node& metrics, const Workshop& shop) {

@@ -3,16 +3,26 @@
 
 #include "adapters/layout/band.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace qbrpt::layout {
+
+/// A bar beside the figures of a column: as wide as the value is large.
+struct Bar {
+    report::Twips width = 0;
+    report::Color color = 0;
+    double full = 0; ///< the value of a full bar; 0: the largest of the report
+};
 
 struct Column : report::Column {
     Place place;
     std::string name;          ///< of its objects: the field's, made unique where two columns show one field
     bool captionNamed = false; ///< code finds the caption by its name
     Span span;                 ///< from the template's right edge, padding included
+    std::optional<Emphasis> emphasis;
+    std::optional<Bar> bar;
     bool grow = false;
     bool hideRepeated = false;
 };
@@ -31,6 +41,12 @@ struct Columns {
     std::vector<Tier> tiers;     ///< none: the captions have one tier
 
     [[nodiscard]] bool Any(bool Column::*flag) const;
+    /// The span of its figures, which a bar leaves them.
+    [[nodiscard]] Span Figures(const Column& column) const {
+        Span span = Inside(column);
+        if (column.bar) span.width -= column.bar->width + padding;
+        return span;
+    }
     /// The span of a column's text.
     [[nodiscard]] Span Inside(const Column& column) const {
         return {column.span.right + padding, column.span.width - 2 * padding};
@@ -40,10 +56,5 @@ struct Columns {
 /// Reads the columns of `[table]`. Widths are points; columns without one share what is left. Widths that
 /// fill the page but for a hundredth are stretched to fill it; all else is a mistake.
 [[nodiscard]] Columns ReadColumns(const Node& list, const Node& metrics, const Workshop& shop);
-
-/// The field list's names.
-[[nodiscard]] std::vector<std::string_view> NamesOf(std::span<const Field> fields);
-/// The position of a field; -1 and a mistake where there is none of that name.
-[[nodiscard]] int FieldOf(const std::string& name, const Place& usedAt, const Workshop& shop);
 
 } // namespace qbrpt::layout

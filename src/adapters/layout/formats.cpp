@@ -12,11 +12,32 @@ namespace {
 constexpr auto Aligns = std::to_array<std::pair<std::string_view, Align>>(
     {{"right", Align::Right}, {"centre", Align::Centre}, {"left", Align::Left}});
 
+using report::Aggregate;
+using Test = report::Condition::Test;
+
+constexpr auto Tests = std::to_array<std::pair<std::string_view, Test>>({
+    {"positive", Test::Positive},
+    {"negative", Test::Negative},
+    {"zero", Test::Zero},
+    {"not-zero", Test::NotZero},
+    {"empty", Test::Empty},
+    {"filled", Test::Filled},
+});
+
+constexpr auto Aggregates = std::to_array<std::pair<std::string_view, Aggregate>>({
+    {"sum", Aggregate::Sum},
+    {"count", Aggregate::Count},
+    {"average", Aggregate::Average},
+    {"smallest", Aggregate::Minimum},
+    {"largest", Aggregate::Maximum},
+});
+
 constexpr auto Formats = std::to_array<std::pair<std::string_view, ValueFormat>>({
     {"text", ValueFormat::Text},
     {"money", ValueFormat::Money},
     {"count", ValueFormat::Count},
     {"decimal", ValueFormat::Decimal},
+    {"two-decimals", ValueFormat::Money}, // other things than money are written so too
     {"percent", ValueFormat::Percent},
     {"duration", ValueFormat::Duration},
     {"date", ValueFormat::Date},
@@ -25,12 +46,6 @@ constexpr auto Formats = std::to_array<std::pair<std::string_view, ValueFormat>>
     {"yes-no", ValueFormat::YesNo},
     {"picture", ValueFormat::Picture},
 });
-
-ValueFormat UsualFormat(std::optional<FieldKind> kind) {
-    if (!kind || *kind == FieldKind::String) return ValueFormat::Text;
-    if (*kind == FieldKind::DateTime) return ValueFormat::DateTime;
-    return *kind == FieldKind::Boolean ? ValueFormat::YesNo : ValueFormat::Decimal;
-}
 
 bool Fits(ValueFormat format, FieldKind kind) {
     switch (kind) {
@@ -83,6 +98,20 @@ ValueFormat ReadFormat(TableReader& reader, std::optional<FieldKind> kind) {
         return usual;
     }
     return format;
+}
+
+report::Condition::Test ReadTest(TableReader& reader) {
+    return reader.Choice<Test>("is", Tests, Test::Filled);
+}
+
+Aggregate ReadAggregate(TableReader& reader) {
+    return reader.Choice<Aggregate>("of", Aggregates, Aggregate::Sum);
+}
+
+ValueFormat UsualFormat(std::optional<FieldKind> kind) {
+    if (!kind || *kind == FieldKind::String) return ValueFormat::Text;
+    if (*kind == FieldKind::DateTime) return ValueFormat::DateTime;
+    return *kind == FieldKind::Boolean ? ValueFormat::YesNo : ValueFormat::Decimal;
 }
 
 Align UsualAlign(ValueFormat format) {

@@ -16,6 +16,14 @@ namespace qbrpt::layout {
 /// usual one, numbers must say theirs.
 [[nodiscard]] report::ValueFormat ReadFormat(TableReader& reader, std::optional<FieldKind> kind);
 
+/// `is`: what must hold of a value.
+[[nodiscard]] report::Condition::Test ReadTest(TableReader& reader);
+
+/// `of`: what a total does with the values.
+[[nodiscard]] report::Aggregate ReadAggregate(TableReader& reader);
+
+/// The format of a value of which nothing is said.
+[[nodiscard]] report::ValueFormat UsualFormat(std::optional<FieldKind> kind);
 [[nodiscard]] report::Align UsualAlign(report::ValueFormat format);
 /// Figures: values that are drawn without wrapping, grey where they are zero.
 [[nodiscard]] bool IsNumberFormat(report::ValueFormat format);

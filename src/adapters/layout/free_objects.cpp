@@ -1,6 +1,6 @@
 #include "adapters/layout/free_objects.h"
 
-#include "adapters/layout/columns.h"
+#include "adapters/layout/conditions.h"
 #include "adapters/layout/formats.h"
 
 #include <array>
@@ -9,16 +9,41 @@ namespace qbrpt::layout {
 
 namespace {
 
+using report::LineWhen;
 using report::Object;
 using report::ObjectType;
 
 constexpr auto Types = std::to_array<std::pair<std::string_view, ObjectType>>({
     {"text", ObjectType::Text},
     {"field", ObjectType::Field},
+    {"total", ObjectType::Total},
     {"line", ObjectType::Line},
     {"box", ObjectType::Box},
     {"picture", ObjectType::Picture},
+    {"subreport", ObjectType::Subreport},
 });
+
+constexpr auto LineTimes = std::to_array<std::pair<std::string_view, LineWhen>>({
+    {"always", LineWhen::Always},
+    {"between-rows", LineWhen::BetweenRows},
+    {"first-on-page", LineWhen::FirstOnPage},
+    {"last-on-page", LineWhen::LastOnPage},
+});
+
+/// The field of a value and how it is written.
+void ReadValue(TableReader& reader, Object& object, const Workshop& shop) {
+    object.field = shop.fields.Find(reader.RequiredText("field"), reader.PlaceOf("field"));
+    if (object.type == ObjectType::Total) {
+        object.total.aggregate = ReadAggregate(reader);
+        object.total.field = object.field;
+        object.total.when = ReadCondition(reader, "when", shop);
+    }
+    const bool counts =
+        object.type == ObjectType::Total && object.total.aggregate == report::Aggregate::Count;
+    object.format = ReadFormat(reader, counts ? FieldKind::Number : shop.fields.KindOf(object.field));
+    object.picture = reader.Text("picture");
+    if (IsNumberFormat(object.format)) object.zeroColor = shop.styles.Color("zero", reader.PlaceOf("field"));
+}
 
 void ReadWords(TableReader& reader, Object& object, const Workshop& shop) {
     const TextStyle style = shop.styles.Style(reader.Text("style", "cell"), reader.PlaceOf("style"));
@@ -26,17 +51,11 @@ void ReadWords(TableReader& reader, Object& object, const Workshop& shop) {
     object.baseline = reader.Length("baseline", style.font.size / 20.0);
     object.lineStep = reader.Length("line", style.font.size / 20.0 * 4 / 3);
     object.canGrow = reader.Flag("grow");
-    std::optional<FieldKind> kind;
-    if (object.type == ObjectType::Field) {
-        object.field = FieldOf(reader.RequiredText("field"), reader.PlaceOf("field"), shop);
-        if (object.field >= 0) kind = shop.fields[static_cast<std::size_t>(object.field)].kind;
-        object.format = ReadFormat(reader, kind);
-        object.picture = reader.Text("picture");
-        if (IsNumberFormat(object.format))
-            object.zeroColor = shop.styles.Color("zero", reader.PlaceOf("field"));
-    } else {
+    object.follows = reader.Text("follows");
+    if (object.type == ObjectType::Text)
         object.text = reader.Text("text");
-    }
+    else
+        ReadValue(reader, object, shop);
     object.align = ReadAlign(reader, "align", UsualAlign(object.format));
 }
 
@@ -48,36 +67,60 @@ void ReadShape(TableReader& reader, Object& object, const Workshop& shop) {
     } else if (object.type == ObjectType::Line) {
         reader.Wrong("stroke", "a line needs a \"stroke\"");
     }
-    if (object.type != ObjectType::Box) return;
+    if (object.type == ObjectType::Line) {
+        object.when = reader.Choice<LineWhen>("draw", LineTimes, LineWhen::Always);
+        object.atBottom = reader.Flag("from_bottom");
+        return;
+    }
     if (reader.Has("fill")) object.fill = shop.styles.Color(reader.Text("fill"), reader.PlaceOf("fill"));
     if (object.stroke == 0 && !object.fill) reader.Wrong("fill", "a box needs a \"fill\" or a \"stroke\"");
     object.fullHeight = reader.Flag("full_height");
 }
 
+void ReadKind(TableReader& reader, Object& object, const Workshop& shop) {
+    switch (object.type) {
+    case ObjectType::Line:
+    case ObjectType::Box:
+        ReadShape(reader, object, shop);
+        break;
+    case ObjectType::Picture:
+        if (reader.Has("file"))
+            object.image = shop.pictures.Find(reader.Text("file"), reader.PlaceOf("file"));
+        break;
+    case ObjectType::Subreport:
+        object.subreport = reader.RequiredText("subreport");
+        break;
+    default:
+        ReadWords(reader, object, shop);
+    }
+}
+
 } // namespace
+
+Placed ReadFreeObject(TableReader& reader, const Place& place, const std::string& name,
+                      const Workshop& shop) {
+    Placed placed{{}, place, reader.Has("name")};
+    Object& object = placed.object;
+    object.name = reader.Text("name", name);
+    object.type = reader.Choice<ObjectType>("type", Types, ObjectType::Text);
+    object.right = reader.RequiredLength("right");
+    object.top = reader.RequiredLength("top");
+    object.width = reader.Length("width");
+    object.height = reader.Length("height");
+    object.suppress = reader.Flag("suppress");
+    object.showWhen = ReadCondition(reader, "show_when", shop);
+    ReadKind(reader, object, shop);
+    reader.Finish();
+    return placed;
+}
 
 std::vector<FreeObject> ReadFreeObjects(const Node& list, const Workshop& shop) {
     std::vector<FreeObject> objects;
     for (const Node& item : list.items) {
         TableReader reader(item, "an object", shop.mistakes);
-        FreeObject one;
-        one.section = reader.RequiredText("section");
-        one.placed.place = item.place;
-        one.placed.named = reader.Has("name");
-        Object& object = one.placed.object;
-        object.name = reader.Text("name", "object " + std::to_string(objects.size() + 1));
-        object.type = reader.Choice<ObjectType>("type", Types, ObjectType::Text);
-        object.right = reader.RequiredLength("right");
-        object.top = reader.RequiredLength("top");
-        object.width = reader.Length("width");
-        object.height = reader.Length("height");
-        object.suppress = reader.Flag("suppress");
-        if (object.type == ObjectType::Text || object.type == ObjectType::Field)
-            ReadWords(reader, object, shop);
-        else if (object.type != ObjectType::Picture)
-            ReadShape(reader, object, shop);
-        reader.Finish();
-        objects.push_back(std::move(one));
+        const std::string section = reader.RequiredText("section");
+        const std::string name = "object " + std::to_string(objects.size() + 1);
+        objects.push_back({section, ReadFreeObject(reader, item.place, name, shop)});
     }
     return objects;
 }

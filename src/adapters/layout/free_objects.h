@@ -17,4 +17,9 @@ struct FreeObject {
 /// Reads `[[object]]`. Places are points: `right` from the template's right edge, `top` in the section.
 [[nodiscard]] std::vector<FreeObject> ReadFreeObjects(const Node& list, const Workshop& shop);
 
+/// Reads what an object says, but for the section that it goes into; `name` is its own where the file
+/// gives none.
+[[nodiscard]] Placed ReadFreeObject(TableReader& reader, const Place& place, const std::string& name,
+                                    const Workshop& shop);
+
 } // namespace qbrpt::layout

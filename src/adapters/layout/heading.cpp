@@ -1,5 +1,8 @@
 #include "adapters/layout/heading.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace qbrpt::layout {
 
 namespace {
@@ -8,6 +11,10 @@ using report::Align;
 using report::Twips;
 
 constexpr std::string_view TitleSlot = "title";
+// The café's picture reaches from above the first line that leaves it room to below the last one.
+constexpr Twips LogoAbove = 440;
+constexpr Twips LogoBelow = 100;
+constexpr Twips LogoGap = 120;
 
 std::string ObjectNameOf(std::string_view slotName, const Slot& slot) {
     return slot.object.empty() ? "heading " + std::string(slotName) : slot.object;
@@ -59,7 +66,7 @@ std::string LaterText(std::string_view slotName, const Slot& slot) {
 class FormBuilder {
 public:
     FormBuilder(const HeadingWords& words, const Workshop& shop, bool later)
-        : mWords(words), mShop(shop), mLater(later) {
+        : mWords(words), mShop(shop), mLater(later), mLogo(words.logo) {
         mBand.kind = report::SectionKind::PageHeader;
         mBand.on = later ? report::OnPages::Later : report::OnPages::First;
     }
@@ -68,6 +75,7 @@ public:
         TableReader reader(form, "a heading form", mShop.mistakes);
         Twips baseline = 0;
         if (const Node* lines = reader.Child("lines", NodeKind::List)) AddLines(*lines, baseline);
+        if (!mLater && mLogo && mLogoBottom > mLogoTop) AddLogo(form.place);
         const Stroke stroke = mShop.styles.Line(reader.Text("stroke", "strong"), reader.PlaceOf("stroke"));
         const Twips rule = baseline + reader.Length("rule", 8);
         mBand.objects.push_back(LineAcross(mLater ? "later heading rule" : "heading rule", stroke,
@@ -88,8 +96,30 @@ private:
             const bool leftFilled = !line.left.empty() && mWords.slots.contains(line.left);
             if (!filled && !leftFilled) continue;
             baseline = baseline == 0 ? top : baseline + line.step;
+            if (line.leftFree > LogoGap) {
+                if (mLogoBottom == 0) mLogoTop = baseline - LogoAbove;
+                mLogoBottom = baseline + LogoBelow;
+                mLogoRoom = line.leftFree - LogoGap;
+            }
             AddLine(line, filled, leftFilled, baseline);
         }
+    }
+
+    /// The café's picture, at the left end of the lines that leave it room.
+    void AddLogo(const Place& place) {
+        const double width = mLogo->width;
+        const double height = mLogo->height;
+        const double scale = std::min(mLogoRoom / width, (mLogoBottom - mLogoTop) / height);
+        Placed logo{{}, place, false};
+        report::Object& object = logo.object;
+        object.name = "logo";
+        object.type = report::ObjectType::Picture;
+        object.image = mLogo;
+        object.width = static_cast<Twips>(std::lround(width * scale));
+        object.height = static_cast<Twips>(std::lround(height * scale));
+        object.right = mShop.width - mShop.margin - object.width;
+        object.top = mLogoTop + (mLogoBottom - mLogoTop - object.height) / 2;
+        mBand.objects.push_back(logo);
     }
 
     void AddLine(const FormLine& line, bool filled, bool leftFilled, Twips baseline) {
@@ -118,6 +148,10 @@ private:
     const HeadingWords& mWords;
     const Workshop& mShop;
     bool mLater;
+    std::shared_ptr<const Picture> mLogo;
+    Twips mLogoRoom = 0;
+    Twips mLogoTop = 0;
+    Twips mLogoBottom = 0; ///< 0: no line leaves room
     Band mBand;
 };
 

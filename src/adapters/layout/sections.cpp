@@ -33,6 +33,7 @@ public:
         mBuilt.section.name = entry.key;
         mBuilt.section.kind = SectionKind::ReportFooter;
         mFirstPart = true;
+        mFirstPagesOnly = mJoined = false;
         if (entry.value.kind == NodeKind::Table)
             AddByHand(entry.value);
         else
@@ -53,6 +54,7 @@ private:
         section.height = reader.Length("height", section.height / 20.0);
         section.keepTogether = reader.Flag("keep_together", section.keepTogether);
         section.suppress = reader.Flag("suppress");
+        section.role = reader.Text("role");
         reader.Finish();
         if (section.height < 0) reader.Wrong("height", "\"height\" must not be below 0");
     }
@@ -90,14 +92,20 @@ private:
             section.on = band.on;
             section.group = band.group;
             section.repeat = band.repeat;
+            section.skipAlone = band.skipAlone;
         } else if (section.kind != band.kind || section.group != band.group) {
             mShop.mistakes.Add(place, "this part stands elsewhere on the page than the parts before it; "
                                       "give it a section of its own");
-        } else if (section.on != band.on && section.on != OnPages::All && band.on != OnPages::All) {
+        } else if (mFirstPagesOnly && band.on == OnPages::Later) {
+            LayInPlace(band, place);
+            return;
+        } else if (band.on != OnPages::All &&
+                   (mJoined || (section.on != band.on && section.on != OnPages::All))) {
             mShop.mistakes.Add(place, "one part is for the first page, the other for later pages");
         } else if (section.on == OnPages::All) {
             section.on = band.on;
         }
+        mFirstPagesOnly = band.on == OnPages::First && (mFirstPart || mFirstPagesOnly);
         mFirstPart = false;
         for (Placed object : band.objects) {
             object.object.top += section.height;
@@ -106,11 +114,35 @@ private:
         section.height += band.height;
     }
 
+    /// The later pages' part stands where the first page's does, at the bottom of its room; on later pages
+    /// the section begins so far down.
+    void LayInPlace(const Band& band, const Place& place) {
+        report::Section& section = mBuilt.section;
+        const report::Twips down = section.height - band.height;
+        if (down < 0) {
+            mShop.mistakes.Add(place, "the part for later pages is taller than that for the first page");
+            return;
+        }
+        for (Placed& object : mBuilt.objects)
+            object.object.on = OnPages::First;
+        for (Placed object : band.objects) {
+            object.object.on = OnPages::Later;
+            object.object.top += down;
+            mBuilt.objects.push_back(std::move(object));
+        }
+        mFirstPagesOnly = false;
+        mJoined = true;
+        section.laterTop = down;
+        section.on = OnPages::All;
+    }
+
     const Parts& mParts;
     const Workshop& mShop;
     std::set<std::string, std::less<>> mUsed;
     BuiltSection mBuilt;
     bool mFirstPart = true;
+    bool mFirstPagesOnly = false; ///< all parts so far are for the first page
+    bool mJoined = false;         ///< one part stands for first pages, one in its place for later ones
 };
 
 void AddFreeObjects(std::vector<BuiltSection>& sections, const std::vector<FreeObject>& freeObjects,

@@ -1,5 +1,7 @@
 #include "adapters/layout/style_sheet.h"
 
+#include "adapters/layout/formats.h"
+
 #include <charconv>
 #include <cmath>
 #include <optional>
@@ -54,28 +56,9 @@ StyleSheet::StyleSheet(TableReader& layout, Mistakes& mistakes) : mMistakes(mist
         }
     }
     if (const Node* styles = layout.Child("style", NodeKind::Table)) ReadStyles(*styles);
-    if (const Node* strokes = layout.Child("stroke", NodeKind::Table)) {
-        for (const Entry& stroke : strokes->entries) {
-            TableReader reader(stroke.value, "a stroke", mistakes);
-            const double thickness = reader.Number("thickness", 0.3);
-            if (!(thickness > 0 && thickness <= 20))
-                reader.Wrong("thickness", "\"thickness\" must be above 0 and at most 20 points");
-            else
-                mStrokes[stroke.key].thickness = static_cast<std::int32_t>(std::lround(thickness * 100));
-            mStrokes[stroke.key].color = Color(reader.RequiredText("color"), reader.PlaceOf("color"));
-            reader.Finish();
-        }
-    }
-    if (const Node* rows = layout.Child("row", NodeKind::Table)) {
-        for (const Entry& row : rows->entries) {
-            TableReader reader(row.value, "a row measure", mistakes);
-            RowMeasure& measure = mRows[row.key];
-            measure.height = reader.RequiredLength("height");
-            measure.baseline = reader.Length("baseline");
-            measure.lineStep = reader.Length("line", 12);
-            reader.Finish();
-        }
-    }
+    if (const Node* strokes = layout.Child("stroke", NodeKind::Table)) ReadStrokes(*strokes);
+    if (const Node* rows = layout.Child("row", NodeKind::Table)) ReadRows(*rows);
+    if (const Node* emphases = layout.Child("emphasis", NodeKind::Table)) ReadEmphases(*emphases);
     if (const Node* nouns = layout.Child("noun", NodeKind::Table)) ReadNouns(*nouns);
 }
 
@@ -95,6 +78,42 @@ void StyleSheet::ReadStyles(const Node& styles) {
         style.shrinkTo = mShrinkTo;
         reader.Finish();
         mStyles[entry.key] = style;
+    }
+}
+
+void StyleSheet::ReadStrokes(const Node& strokes) {
+    for (const Entry& stroke : strokes.entries) {
+        TableReader reader(stroke.value, "a stroke", mMistakes);
+        const double thickness = reader.Number("thickness", 0.3);
+        if (!(thickness > 0 && thickness <= 20))
+            reader.Wrong("thickness", "\"thickness\" must be above 0 and at most 20 points");
+        else
+            mStrokes[stroke.key].thickness = static_cast<std::int32_t>(std::lround(thickness * 100));
+        mStrokes[stroke.key].color = Color(reader.RequiredText("color"), reader.PlaceOf("color"));
+        reader.Finish();
+    }
+}
+
+void StyleSheet::ReadRows(const Node& rows) {
+    for (const Entry& row : rows.entries) {
+        TableReader reader(row.value, "a row measure", mMistakes);
+        RowMeasure& measure = mRows[row.key];
+        measure.height = reader.RequiredLength("height");
+        measure.baseline = reader.Length("baseline");
+        measure.lineStep = reader.Length("line", 12);
+        reader.Finish();
+    }
+}
+
+void StyleSheet::ReadEmphases(const Node& emphases) {
+    for (const Entry& entry : emphases.entries) {
+        TableReader reader(entry.value, "an emphasis", mMistakes);
+        Emphasis& emphasis = mEmphases[entry.key];
+        emphasis.test = ReadTest(reader);
+        emphasis.color = Color(reader.Text("color", "ink"), reader.PlaceOf("color"));
+        if (reader.Has("ground")) emphasis.ground = Color(reader.Text("ground"), reader.PlaceOf("ground"));
+        emphasis.bold = reader.Flag("bold");
+        reader.Finish();
     }
 }
 
@@ -122,6 +141,10 @@ report::Color StyleSheet::Color(const std::string& name, const Place& usedAt) co
 
 Stroke StyleSheet::Line(const std::string& name, const Place& usedAt) const {
     return Look(mStrokes, name, "stroke", usedAt, mMistakes);
+}
+
+Emphasis StyleSheet::EmphasisNamed(const std::string& name, const Place& usedAt) const {
+    return Look(mEmphases, name, "emphasis", usedAt, mMistakes);
 }
 
 RowMeasure StyleSheet::Row(const std::string& name, const Place& usedAt) const {

@@ -5,6 +5,7 @@
 #include "report/definition.h"
 
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,14 @@ struct Stroke {
     report::Color color = 0;
 };
 
+/// How a cell looks whose value deserves to be seen.
+struct Emphasis {
+    report::Condition::Test test = report::Condition::Test::Filled;
+    report::Color color = 0;
+    std::optional<report::Color> ground;
+    bool bold = false;
+};
+
 /// Where the text of a row stands.
 struct RowMeasure {
     report::Twips height = 0;
@@ -28,8 +37,8 @@ struct RowMeasure {
     report::Twips lineStep = 0;
 };
 
-/// Names from `[face]`, `[color]`, `[style]`, `[stroke]`, `[row]`, `[noun]` of the merged layout. A name
-/// that is not there is a mistake at the place that uses it.
+/// Names from `[face]`, `[color]`, `[style]`, `[stroke]`, `[row]`, `[emphasis]`, `[noun]` of the merged
+/// layout. A name that is not there is a mistake at the place that uses it.
 class StyleSheet {
 public:
     StyleSheet(TableReader& layout, Mistakes& mistakes);
@@ -39,10 +48,14 @@ public:
     [[nodiscard]] report::Color Color(const std::string& name, const Place& usedAt) const;
     [[nodiscard]] Stroke Line(const std::string& name, const Place& usedAt) const;
     [[nodiscard]] RowMeasure Row(const std::string& name, const Place& usedAt) const;
+    [[nodiscard]] Emphasis EmphasisNamed(const std::string& name, const Place& usedAt) const;
     [[nodiscard]] const std::map<std::string, report::CountedNoun>& Nouns() const { return mNouns; }
 
 private:
     void ReadStyles(const Node& styles);
+    void ReadStrokes(const Node& strokes);
+    void ReadRows(const Node& rows);
+    void ReadEmphases(const Node& emphases);
     void ReadNouns(const Node& nouns);
 
     Mistakes& mMistakes;
@@ -52,6 +65,7 @@ private:
     std::map<std::string, TextStyle, std::less<>> mStyles;
     std::map<std::string, Stroke, std::less<>> mStrokes;
     std::map<std::string, RowMeasure, std::less<>> mRows;
+    std::map<std::string, Emphasis, std::less<>> mEmphases;
     std::map<std::string, report::CountedNoun> mNouns;
 };
 

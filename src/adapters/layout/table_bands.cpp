@@ -16,6 +16,7 @@ Placed Caption(const Table& table, const Column& column, const RowMeasure& row, 
     caption.object.text = column.caption;
     caption.object.align = column.align;
     Dress(caption.object, table.style.caption);
+    if (column.emphasis) caption.object.color = column.emphasis->color;
     PutInRow(caption.object, table.columns.Inside(column), row);
     caption.object.top = top;
     return caption;
@@ -43,8 +44,48 @@ Placed Cell(const Table& table, const Column& column) {
     cell.object.hideRepeated = column.hideRepeated;
     Dress(cell.object, column.key ? table.style.BoldCell() : table.style.cell);
     if (IsNumberFormat(column.format)) cell.object.zeroColor = table.style.zero;
-    PutInRow(cell.object, table.columns.Inside(column), table.style.row);
+    PutInRow(cell.object, table.columns.Figures(column), table.style.row);
     return cell;
+}
+
+/// The cells of a column: one, or two of which a row shows the plain or the emphasized one.
+void AddCells(const Table& table, const Column& column, Band& band) {
+    Placed cell = Cell(table, column);
+    if (!column.emphasis) {
+        band.objects.push_back(cell);
+        return;
+    }
+    const Emphasis& emphasis = *column.emphasis;
+    const report::Condition holds{column.field, emphasis.test, false};
+    if (emphasis.ground) {
+        Placed chip = TintedBox(column.name + " chip", *emphasis.ground, column.span, table.style.chipInset,
+                                band.height - 2 * table.style.chipInset, column.place);
+        chip.object.fullHeight = true;
+        chip.object.showWhen = holds;
+        band.objects.push_back(chip);
+    }
+    Placed emphasized = cell;
+    cell.object.showWhen = {column.field, emphasis.test, true};
+    emphasized.object.name += " emphasized";
+    emphasized.object.color = emphasis.color;
+    emphasized.object.zeroColor.reset();
+    emphasized.object.font.spec.bold = emphasized.object.font.spec.bold || emphasis.bold;
+    emphasized.object.showWhen = holds;
+    band.objects.push_back(cell);
+    band.objects.push_back(emphasized);
+}
+
+void AddBar(const Table& table, const Column& column, Band& band) {
+    const Span inside = table.columns.Inside(column);
+    const report::Twips middle = table.style.row.baseline - table.style.cell.font.size * 7 / 20;
+    const report::Twips height = table.style.barHeight;
+    Placed bar = TintedBox(column.name + " bar", column.bar->color,
+                           {inside.right + inside.width - column.bar->width, column.bar->width},
+                           middle - height / 2, height, column.place);
+    bar.object.barField = column.field;
+    bar.object.barToLargest = column.bar->full == 0;
+    if (column.bar->full > 0) bar.object.barFull = column.bar->full;
+    band.objects.push_back(bar);
 }
 
 void AddTiers(const Table& table, Band& band) {
@@ -122,8 +163,10 @@ Band RowBand(const Table& table) {
         band.objects.push_back(box);
     }
     AddRowLines(table, band);
-    for (const Column& column : table.columns.columns)
-        band.objects.push_back(Cell(table, column));
+    for (const Column& column : table.columns.columns) {
+        if (column.bar) AddBar(table, column, band);
+        AddCells(table, column, band);
+    }
     return band;
 }
 

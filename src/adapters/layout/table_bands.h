@@ -23,7 +23,10 @@ struct Table {
 struct TotalWords : report::TotalWords {
     Place place;
     report::Align countAlign = report::Align::Right;
+    bool skipAlone = false; ///< a group's: left out behind a single row
 };
+/// `noun`: the word for a number of things.
+[[nodiscard]] std::string ReadNoun(TableReader& reader, const Workshop& shop);
 [[nodiscard]] TotalWords ReadTotalWords(const Node& node, std::string_view what, const Workshop& shop);
 
 /// The grand total with its double rule.

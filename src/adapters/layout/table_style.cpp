@@ -25,6 +25,7 @@ TableStyle ResolveTableStyle(const Node& metrics, const Columns& columns, const 
     style.subtotalLabel = sheet.Style("subtotal-label", here);
     style.note = sheet.Style("note", here);
     style.group = sheet.Style("group", here);
+    style.list = sheet.Style("list-heading", here);
     style.zero = sheet.Color("zero", here);
     style.ink = sheet.Color("ink", here);
     style.tint = sheet.Color("tint", here);
@@ -38,12 +39,15 @@ TableStyle ResolveTableStyle(const Node& metrics, const Columns& columns, const 
     style.row = sheet.Row(dense ? "cell-dense" : "cell", here);
     style.totalRow = sheet.Row("total", here);
     style.averageRow = sheet.Row("average", here);
+    style.listRow = sheet.Row("list", here);
     style.groupRow = sheet.Row("group", here);
     style.subtotalRow = sheet.Row("subtotal", here);
     style.ruleFirst = reader.Length("double_rule_first", 0.4);
     style.ruleSecond = reader.Length("double_rule_second", 2.4);
     style.afterTotal = reader.Length("after_total", 4);
     style.afterSubtotal = reader.Length("after_subtotal", 7);
+    style.chipInset = reader.Length("chip_inset", 1);
+    style.barHeight = reader.Length("bar_height", 6);
     style.unitGap = reader.Length("unit_gap", 3);
     reader.Finish();
     return style;

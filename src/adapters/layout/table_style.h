@@ -15,6 +15,7 @@ struct TableStyle {
     TextStyle subtotalLabel;
     TextStyle note; ///< counts, averages
     TextStyle group;
+    TextStyle list;
     report::Color zero = 0;
     report::Color ink = 0;
     report::Color tint = 0;
@@ -29,12 +30,15 @@ struct TableStyle {
     RowMeasure totalRow;
     RowMeasure averageRow;
     RowMeasure groupRow;
+    RowMeasure listRow;
     RowMeasure subtotalRow;
     report::Twips ruleFirst = 0; ///< the two lines under the grand total, from its bottom
     report::Twips ruleSecond = 0;
     report::Twips afterTotal = 0; ///< blank between the grand total and what follows
     report::Twips afterSubtotal = 0;
     report::Twips unitGap = 0;
+    report::Twips chipInset = 0; ///< between the ground of an emphasis and the lines around its row
+    report::Twips barHeight = 0;
 
     /// A cell of figures in bold: the same size, so that the points stay in line.
     [[nodiscard]] TextStyle BoldCell() const;

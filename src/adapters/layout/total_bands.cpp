@@ -72,8 +72,9 @@ void AddFigures(const Table& table, const TotalRow& row, Band& band) {
         figure.object.format = column.format;
         figure.object.align = column.align;
         Dress(figure.object, column.key ? row.keyFigures : row.figures);
+        if (column.emphasis) figure.object.color = column.emphasis->color;
         figure.object.zeroColor = table.style.zero;
-        PutInRow(figure.object, table.columns.Inside(column), row.measure);
+        PutInRow(figure.object, table.columns.Figures(column), row.measure);
         band.objects.push_back(figure);
     }
 }
@@ -85,19 +86,24 @@ TextStyle InInk(TextStyle style, report::Color ink) {
 
 } // namespace
 
+std::string ReadNoun(TableReader& reader, const Workshop& shop) {
+    const std::string noun = reader.Text("noun");
+    if (noun.empty() || shop.styles.Nouns().contains(noun)) return noun;
+    std::vector<std::string_view> known;
+    for (const auto& entry : shop.styles.Nouns())
+        known.push_back(entry.first);
+    reader.Wrong("noun", "there is no noun " + Quoted(noun) + Suggestion(noun, known));
+    return noun;
+}
+
 TotalWords ReadTotalWords(const Node& node, std::string_view what, const Workshop& shop) {
     TableReader reader(node, what, shop.mistakes);
     TotalWords words;
     words.place = node.place;
     words.label = reader.RequiredText("label");
-    words.noun = reader.Text("noun");
+    words.noun = ReadNoun(reader, shop);
     words.countAlign = ReadAlign(reader, "count_align", Align::Right);
-    if (!words.noun.empty() && !shop.styles.Nouns().contains(words.noun)) {
-        std::vector<std::string_view> known;
-        for (const auto& entry : shop.styles.Nouns())
-            known.push_back(entry.first);
-        reader.Wrong("noun", "there is no noun " + Quoted(words.noun) + Suggestion(words.noun, known));
-    }
+    words.skipAlone = reader.Flag("skip_alone");
     reader.Finish();
     return words;
 }
@@ -127,6 +133,7 @@ Band SubtotalBand(const Table& table, const TotalWords& words, int group) {
     Band band;
     band.kind = report::SectionKind::GroupFooter;
     band.group = group;
+    band.skipAlone = words.skipAlone;
     band.height = row.height + style.afterSubtotal;
     band.objects.push_back(
         TintedBox(name + " box", style.lightTint, table.Whole(), 0, row.height, words.place));
