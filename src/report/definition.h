@@ -64,8 +64,8 @@ enum class ObjectType : std::uint8_t { Text, Field, Total, Line, Box, Picture, S
 /// Pages that a section or an object is for.
 enum class OnPages : std::uint8_t { All, First, Later };
 
-/// When a line of a Details section is drawn. A page or a group that ends parts rows, so that no line
-/// between rows stands under the last of them.
+/// When a line of a Details section is drawn. A page that ends, a group's heading and its footer part rows,
+/// so that no line between rows stands under the last of them.
 enum class LineWhen : std::uint8_t { Always, BetweenRows, FirstOnPage, LastOnPage };
 
 struct Font {

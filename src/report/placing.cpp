@@ -16,8 +16,12 @@ void Paginator::MeasurePending(Level& level) {
     PendingBlock& pending = level.pending;
     if (!pending.taken) return;
     const std::vector<Band>& bands = pending.block.bands;
-    const bool newGroup = pending.block.opensGroup < FlowOf(level).Compiled().definition->groups.size();
-    if (!pending.committed || mFresh) pending.above = mRowAbove && !newGroup;
+    const auto heads = [&](const Band& band) {
+        const Section& section = *FlowOf(level).Compiled().sections[band.section].section;
+        return section.kind == SectionKind::GroupHeader && !section.suppress;
+    };
+    const bool headed = std::any_of(bands.begin(), bands.end(), heads);
+    if (!pending.committed || mFresh) pending.above = mRowAbove && !headed;
     pending.heights.resize(bands.size());
     for (std::size_t band = pending.next; band < bands.size(); ++band) {
         const CompiledSection& section = SectionOf(level, band);

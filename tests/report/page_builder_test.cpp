@@ -219,8 +219,11 @@ TEST(Lines, BetweenRowsNeverStandUnderTheLast) {
     definition.groups = {{.field = NoteField}};
     TestReport grouped(definition, {NamedRow("a", 1, "x"), NamedRow("b", 1, "x"), NamedRow("c", 1, "y")});
     const auto rules = ItemsOf(grouped, ItemKind::Rule);
-    ASSERT_EQ(rules.size(), 1U) << "a new group parts rows even without a heading";
-    EXPECT_EQ(rules[0].y, 200);
+    EXPECT_EQ(rules.size(), 2U) << "a group that shows nothing of itself parts no rows";
+    definition.sections.push_back(MakeSection(SectionKind::GroupHeader, {TextObject("H", "{group}")}));
+    TestReport headed(definition, {NamedRow("a", 1, "x"), NamedRow("b", 1, "x"), NamedRow("c", 1, "y")});
+    ASSERT_EQ(ItemsOf(headed, ItemKind::Rule).size(), 1U);
+    EXPECT_EQ(ItemsOf(headed, ItemKind::Rule)[0].y, 400);
 }
 
 TEST(Lines, FirstAndLastOnPageMarkTheEnds) {

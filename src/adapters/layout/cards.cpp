@@ -1,5 +1,6 @@
 #include "adapters/layout/cards.h"
 
+#include "adapters/layout/conditions.h"
 #include "adapters/layout/free_objects.h"
 
 #include <utility>
@@ -15,7 +16,7 @@ using report::Twips;
 Node Dealt(Node node, const Node& card) {
     for (Entry& entry : node.entries) {
         if (entry.value.kind == NodeKind::Table) entry.value = Dealt(std::move(entry.value), card);
-        const bool named = entry.key == "field" || entry.key == "name";
+        const bool named = entry.key == "field" || entry.key == "name" || entry.key == "file";
         if (!named || entry.value.kind != NodeKind::Text) continue;
         const Node* own = card.Find(entry.value.text);
         if (own != nullptr && own->kind == NodeKind::Text) entry.value.text = own->text;
@@ -88,6 +89,7 @@ Band CardsBand(const Node& node, const Workshop& shop) {
     const Node* cards = reader.Child("card", NodeKind::List);
     const Node* objects = reader.Child("object", NodeKind::List);
     if (cards == nullptr || cards->items.empty()) reader.Wrong("card", "[cards] needs a list \"card\"");
+    static_cast<void>(reader.Child("show_when")); // read for each card
     reader.Finish();
     Band band;
     band.kind = report::SectionKind::Details;
@@ -97,11 +99,18 @@ Band CardsBand(const Node& node, const Workshop& shop) {
     grid.right = (shop.width - static_cast<Twips>(grid.cards) * grid.width) / 2;
     CutMarks(grid, band).Draw();
     for (std::size_t card = 0; card < grid.cards && objects != nullptr; ++card) {
+        const Node& own = cards->items[card];
+        const Node dealtCards = Dealt(node, own);
+        TableReader dealtReader(dealtCards, "[cards]", shop.mistakes);
+        const auto showWhen = ReadCondition(dealtReader, "show_when", shop);
         for (const Node& item : objects->items) {
-            const Node dealt = Dealt(item, cards->items[card]);
+            const Node dealt = Dealt(item, own);
             TableReader object(dealt, "an object of a card", shop.mistakes);
             Placed placed = ReadFreeObject(object, item.place, "card object", shop);
-            placed.object.right += grid.Cut(card);
+            const Node* name = item.Find("name");
+            placed.named = name != nullptr && own.Find(name->text) != nullptr;
+            if (!placed.object.showWhen) placed.object.showWhen = showWhen;
+            if (placed.object.follows.empty()) placed.object.right += grid.Cut(card);
             band.objects.push_back(std::move(placed));
         }
     }

@@ -68,7 +68,8 @@ Column ReadColumn(const Node& node, const Columns& before, const Workshop& shop)
     column.align = ReadAlign(reader, "align", UsualAlign(column.format));
     column.sum = reader.Flag("sum");
     column.average = reader.Flag("average");
-    column.key = reader.Flag("key");
+    column.tinted = reader.Flag("key");
+    column.key = reader.Flag("bold", column.tinted);
     ReadLooks(reader, column, shop);
     column.grow = reader.Flag("grow", column.format == report::ValueFormat::Text);
     column.hideRepeated = reader.Flag("hide_repeated");

@@ -20,6 +20,7 @@ struct Column : report::Column {
     Place place;
     std::string name;          ///< of its objects: the field's, made unique where two columns show one field
     bool captionNamed = false; ///< code finds the caption by its name
+    bool tinted = false;       ///< on a light tint from its caption to its total
     Span span;                 ///< from the template's right edge, padding included
     std::optional<Emphasis> emphasis;
     std::optional<Bar> bar;

@@ -43,7 +43,10 @@ Placed Cell(const Table& table, const Column& column) {
     cell.object.canGrow = column.grow;
     cell.object.hideRepeated = column.hideRepeated;
     Dress(cell.object, column.key ? table.style.BoldCell() : table.style.cell);
-    if (IsNumberFormat(column.format)) cell.object.zeroColor = table.style.zero;
+    // Growing text wraps at its full size, where figures have to shrink.
+    if (column.grow) cell.object.shrinkTo = 0;
+    const auto kind = table.shop.fields.KindOf(column.field);
+    if (kind && IsNumberKind(*kind)) cell.object.zeroColor = table.style.zero;
     PutInRow(cell.object, table.columns.Figures(column), table.style.row);
     return cell;
 }
@@ -109,7 +112,7 @@ void AddTiers(const Table& table, Band& band) {
     }
 }
 
-/// Hairlines between rows. They leave out key columns, each of which is one strip of tint from its caption
+/// Hairlines between rows. They leave out tinted columns, each of which is one strip of tint from its caption
 /// to its total.
 void AddRowLines(const Table& table, Band& band) {
     Span rest = table.Whole();
@@ -122,7 +125,7 @@ void AddRowLines(const Table& table, Band& band) {
         if (span.width > 0) band.objects.push_back(line);
     };
     for (const Column& column : table.columns.columns) {
-        if (!column.key) continue;
+        if (!column.tinted) continue;
         add({rest.right, column.span.right - rest.right});
         const report::Twips end = column.span.right + column.span.width;
         rest = {end, rest.right + rest.width - end};
@@ -156,7 +159,7 @@ Band RowBand(const Table& table) {
     band.kind = report::SectionKind::Details;
     band.height = table.style.row.height;
     for (const Column& column : table.columns.columns) {
-        if (!column.key) continue;
+        if (!column.tinted) continue;
         Placed box =
             TintedBox(column.name + " box", table.style.lightTint, column.span, 0, band.height, column.place);
         box.object.fullHeight = true;

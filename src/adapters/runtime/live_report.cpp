@@ -1,5 +1,6 @@
 #include "adapters/runtime/live_report.h"
 
+#include "adapters/database/row_sort.h"
 #include "adapters/export/csv.h"
 #include "base/failure.h"
 #include "base/paper.h"
@@ -72,6 +73,7 @@ void LiveReport::DoReadRecords() {
         throw Failure(FailureNumber::Report, "The report template \"" + mState->definition.name +
                                                  "\" has no data source to read from.");
     mRows = mData->Rows();
+    mOrdered.reset();
     mState->Changed();
 }
 
@@ -113,8 +115,10 @@ Ref<CrystalRuntime::Section> LiveReport::DoSections(std::int32_t index) {
 
 Ref<CrystalRuntime::Section> LiveReport::DoSectionNamed(const std::string& name) {
     const auto& sections = mState->definition.sections;
-    const auto found = std::find_if(sections.begin(), sections.end(),
-                                    [&name](const report::Section& section) { return section.name == name; });
+    const auto found =
+        std::find_if(sections.begin(), sections.end(), [&name](const report::Section& section) {
+            return section.name == name || section.role == name;
+        });
     if (found == sections.end()) RaiseUnknown("section \"" + name + "\"");
     return DoSections(static_cast<std::int32_t>(found - sections.begin()) + 1);
 }
@@ -181,6 +185,18 @@ std::shared_ptr<const RowSource> LiveReport::Rows() const {
     return mRows ? mRows : std::make_shared<const NoRows>();
 }
 
+std::shared_ptr<const RowSource> LiveReport::OrderedRows() {
+    if (mOrdered) return mOrdered;
+    std::vector<database::RowOrder> order;
+    for (const report::SortKey& key : mState->definition.order)
+        order.push_back({static_cast<std::size_t>(key.field), key.descending});
+    const auto rows = Rows();
+    mOrdered = database::SortRows(rows, order, {}, [&](std::size_t) {
+        if (mProgress != nullptr && *mProgress) (*mProgress)(0, rows->RowCount());
+    });
+    return mOrdered;
+}
+
 double LiveReport::PrintedAt() {
     if (!mPrintedAt) mPrintedAt = Platform::Current().clock->Now();
     return *mPrintedAt;
@@ -205,7 +221,7 @@ report::DocumentContext LiveReport::Context() {
     if (Landscape()) std::swap(context.sheet.width, context.sheet.height);
     context.printedAt = PrintedAt();
     for (const auto& [name, subreport] : mSubreports)
-        if (subreport->mRows) context.subreportRows[name] = subreport->mRows;
+        if (subreport->mRows) context.subreportRows[name] = subreport->OrderedRows();
     context.onFormat = [this](const report::Section& section, std::int32_t page) {
         RunFormatHandler(section, page);
     };
@@ -218,8 +234,7 @@ report::DocumentContext LiveReport::Context() {
 
 report::Document& LiveReport::Document() {
     if (!mState->document) {
-        auto rows = mRows ? mRows : std::make_shared<const NoRows>();
-        mState->document = std::make_unique<report::Document>(mState->definition, std::move(rows), Context());
+        mState->document = std::make_unique<report::Document>(mState->definition, OrderedRows(), Context());
     }
     return *mState->document;
 }

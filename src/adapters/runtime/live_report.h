@@ -51,6 +51,8 @@ private:
     [[nodiscard]] double PrintedAt();
     /// The rows as read; none before that.
     [[nodiscard]] std::shared_ptr<const RowSource> Rows() const;
+    /// The same in the order that the layout wants.
+    [[nodiscard]] std::shared_ptr<const RowSource> OrderedRows();
     [[nodiscard]] SubreportOpener Opener();
     [[nodiscard]] Ref<CrystalRuntime::Report> OpenSubreport(const std::string& name);
     void RunFormatHandler(const report::Section& section, std::int32_t page);
@@ -62,6 +64,7 @@ private:
     std::map<std::string, std::shared_ptr<LiveReport>> mSubreports; ///< those that were opened
     Ref<DAO::Recordset> mData;
     std::shared_ptr<const RowSource> mRows; ///< as read; empty before
+    std::shared_ptr<const RowSource> mOrdered;
     std::string mDevice;
     std::int16_t mPaperSize = 9;
     std::int16_t mOrientation = 1;
