@@ -51,9 +51,9 @@ void LiveReport::WritePdf(ByteSink& sink, const PageRange& range, const PageProg
 
 ExportJob LiveReport::Job() {
     ExportJob job{Title(), PrintedAt(), mPaperSize, Landscape(), {}};
-    job.parts.push_back({&mState->definition, Rows()});
+    job.parts.push_back({&mState->definition, OrderedRows()});
     for (const auto& [name, subreport] : mSubreports)
-        if (subreport->mRows) job.parts.push_back({&subreport->mState->definition, subreport->mRows});
+        if (subreport->mRows) job.parts.push_back({&subreport->mState->definition, subreport->OrderedRows()});
     return job;
 }
 
