@@ -1,41 +1,8 @@
-// Pages of the layouts as text, compared with the files in golden/. After a wanted change of a layout, run
-// the test program with QBRPT_WRITE_GOLDENS=1 and look at the difference before committing it.
-#include "adapters/layout/library.h"
-#include "fakes/fake_text_port.h"
-#include "report/document.h"
-#include "report/page_text.h"
-#include "samples/sample_rows.h"
-#include "templates/field_tables.h"
+// Pages of the plain tables.
+#include "templates/golden_page.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <map>
-#include <memory>
-#include <string>
-#include <vector>
-
+namespace qbrpt {
 namespace {
-
-using namespace qbrpt;
-
-using MakeRows = std::vector<samples::Row> (*)();
-
-struct Golden {
-    const char* layout;
-    const char* name;
-    std::map<std::string, std::string> texts; ///< what a host has written into the layout's objects
-    bool landscape;
-    MakeRows rows;
-    std::size_t pages;
-};
-
-void PrintTo(const Golden& golden, std::ostream* stream) {
-    *stream << golden.layout << " " << golden.name;
-}
 
 const std::map<std::string, std::string> IncomeTexts = {
     {"HotelNameTextTop", "مقهى نسمة للإنترنت"},
@@ -73,72 +40,7 @@ const std::vector<Golden> Goldens = {
     {"PayOutRpt", "FullLength", PaymentTexts, false, [] { return samples::FullPayments(4); }, 1},
 };
 
-/// Names the styles that a layout uses; one that arises by shrinking keeps its number.
-auto StyleNames(const report::Definition& definition, fakes::FakeTextPort& port) {
-    std::map<report::StyleId, std::string> names;
-    for (const report::Section& section : definition.sections) {
-        for (const report::Object& object : section.objects) {
-            const report::FontSpec& font = object.font.spec;
-            if (font.family.empty()) continue;
-            names[port.Style(font)] =
-                font.family + " " + std::to_string(font.size) + (font.bold ? " bold" : "");
-        }
-    }
-    return [names](report::StyleId style) {
-        const auto name = names.find(style);
-        return name == names.end() ? "style " + std::to_string(style) : name->second;
-    };
-}
-
-class GoldenPage : public testing::TestWithParam<Golden> {
-protected:
-    GoldenPage()
-        : mDefinition(*layout::Library().Load(GetParam().layout, FactsOf(GetParam().layout).fields)) {
-        for (const auto& [object, text] : GetParam().texts) {
-            report::Object* target = report::FindObject(mDefinition, object);
-            if (target == nullptr) {
-                ADD_FAILURE() << "no object " << object;
-                continue;
-            }
-            target->text = text;
-            target->literal = true;
-        }
-        report::DocumentContext context;
-        context.text = &mPort;
-        if (GetParam().landscape) context.sheet = {16838, 11906};
-        context.printedAt = 45737.111;
-        mDocument = std::make_unique<report::Document>(
-            mDefinition, std::make_shared<fakes::MemoryRows>(GetParam().rows()), context);
-    }
-
-    std::string TextOfPage(std::size_t index) {
-        report::Page page;
-        mDocument->Build(index, page);
-        return report::PageText(page, StyleNames(mDefinition, mPort));
-    }
-    [[nodiscard]] report::Document& Document() { return *mDocument; }
-
-private:
-    fakes::FakeTextPort mPort;
-    report::Definition mDefinition;
-    std::unique_ptr<report::Document> mDocument;
-};
-
-TEST_P(GoldenPage, LastPageIsAsItWasLookedAt) {
-    ASSERT_EQ(Document().PageCount(), GetParam().pages);
-    const std::string text = TextOfPage(GetParam().pages - 1);
-    const auto file = std::filesystem::path(QBRPT_SOURCE_DIR) / "tests/templates/golden" /
-                      (std::string(GetParam().layout) + "." + GetParam().name + ".txt");
-    if (std::getenv("QBRPT_WRITE_GOLDENS") != nullptr) {
-        std::filesystem::create_directories(file.parent_path());
-        std::ofstream(file, std::ios::binary) << text;
-    }
-    std::ifstream stream(file, std::ios::binary);
-    const std::string golden{std::istreambuf_iterator<char>(stream), {}};
-    EXPECT_EQ(text, golden);
-}
-
-INSTANTIATE_TEST_SUITE_P(Layouts, GoldenPage, testing::ValuesIn(Goldens),
-                         [](const auto& row) { return std::string(row.param.layout) + row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Layouts, GoldenPage, testing::ValuesIn(Goldens), NameOfGolden);
 
 } // namespace
+} // namespace qbrpt
