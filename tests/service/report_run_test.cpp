@@ -173,55 +173,5 @@ TEST(PeriodClauses, HaveThreeForms) {
     }
 }
 
-struct PayoutRow {
-    const char* name;
-    std::int32_t d1;
-    std::int32_t d2;
-    std::vector<std::int32_t> lookedUp;
-    const char* filter;
-    const char* period;
-};
-
-class Payout : public ServiceTest, public ::testing::WithParamInterface<PayoutRow> {};
-
-TEST_P(Payout, ReachesTheStatementAndTheTitle) {
-    const PayoutRow& row = GetParam();
-    GiveDatabase();
-    cls.PrintPayout(row.d1, row.d2, 0);
-    std::vector<std::string> expected;
-    for (const std::int32_t id : row.lookedUp)
-        expected.push_back("SELECT use_date FROM host_log_time WHERE id = " + std::to_string(id));
-    expected.push_back(std::string("SELECT amount, pay_date, details FROM pay_out ") + row.filter);
-    EXPECT_EQ(Statements(), expected);
-    EXPECT_EQ(db->opened.back().type, std::optional<int>(2));
-    EXPECT_EQ(platform.runtime->made.at(0)->texts["HeadTitleText"],
-              std::string("المصروفات الخارجية ") + row.period);
-    EXPECT_THAT(platform.printers->orientations, IsEmpty());
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rows, Payout,
-    ::testing::Values(PayoutRow{"Range",
-                                5,
-                                9,
-                                {5, 9},
-                                " WHERE (work_id BETWEEN 5 AND 9)",
-                                "من الخميس 15 يناير إلى الاثنين 19 يناير 2004"},
-                      PayoutRow{
-                          "EqualBounds", 5, 5, {5}, " WHERE (work_id = 5)", "ليوم الخميس 15 يناير 2004"},
-                      PayoutRow{"FirstOnly", 5, 0, {5}, " WHERE (work_id = 5)", "ليوم الخميس 15 يناير 2004"},
-                      PayoutRow{"SecondOnly", 0, 9, {0, 9}, "", "من  إلى الاثنين 19 يناير 2004"},
-                      PayoutRow{"None", 0, 0, {0}, "", "ليوم "}),
-    [](const auto& row) { return row.param.name; });
-
-TEST_F(ServiceTest, APayoutListWithoutRowsEndsInSilence) {
-    GiveDatabase();
-    db->Answer("FROM pay_out", {});
-    cls.PrintPayout(5, 9);
-    EXPECT_THAT(platform.runtime->made, IsEmpty());
-    EXPECT_THAT(platform.messages->boxes, IsEmpty());
-    EXPECT_THAT(platform.screen->pointers, IsEmpty());
-}
-
 } // namespace
 } // namespace qbrpt

@@ -1,0 +1,56 @@
+// Every report command once, with arguments that have rows in the sample café of a few days.
+#pragma once
+
+#include "service/VantlowCls.h"
+
+#include <functional>
+#include <ostream>
+#include <vector>
+
+namespace qbrpt::fakes {
+
+struct CommandCall {
+    const char* name;
+    std::function<void(VantlowCls&)> run;
+};
+
+inline void PrintTo(const CommandCall& command, std::ostream* stream) {
+    *stream << command.name;
+}
+
+constexpr const char* CardsQuery =
+    "SELECT s.name, a.se_id, a.card_id, a.card_pass, b.se_id, b.card_id, b.card_pass "
+    "FROM (pp_dat AS a INNER JOIN pp_src AS s ON a.acctid = s.acctid) LEFT JOIN pp_dat AS b "
+    "ON (b.pp_id = a.pp_id + 1) WHERE a.pp_id MOD 2 = 1 ORDER BY a.pp_id";
+constexpr const char* CardListQuery =
+    "SELECT s.acctid, s.name, s.disabled, s.reg_date, p.pp_id, p.se_id, p.disabled, p.use_date, p.expired, "
+    "p.use_time, p.use_type, p.used_time, p.expiry FROM pp_dat AS p INNER JOIN pp_src AS s "
+    "ON p.acctid = s.acctid ORDER BY p.pp_id";
+
+/// Those with `bShow` print at once.
+inline std::vector<CommandCall> AllCommands() {
+    return {
+        {"PrintIncome", [](VantlowCls& c) { c.PrintIncome(1, 4, 0, 0); }},
+        {"PrintIncomeSingle", [](VantlowCls& c) { c.PrintIncome(2, 0, 0, 0); }},
+        {"PrintMemberUsage", [](VantlowCls& c) { c.PrintMemberUsage(0, 0, 0); }},
+        {"PrintPPUsage", [](VantlowCls& c) { c.PrintPPUsage(0, 2, 0); }},
+        {"PrintPCUsage", [](VantlowCls& c) { c.PrintPCUsage(0, 0, 0, 0); }},
+        {"PrintPCUsageOfOne", [](VantlowCls& c) { c.PrintPCUsage(1, 90'000, 1, 0); }},
+        {"PrintInternetUsage", [](VantlowCls& c) { c.PrintInternetUsage(0, 0, 1, 0); }},
+        {"PrintMembersIncom", [](VantlowCls& c) { c.PrintMembersIncom(1, 4, 0); }},
+        {"PrintPayout", [](VantlowCls& c) { c.PrintPayout(1, 4, 0); }},
+        {"PrintUsage", [](VantlowCls& c) { c.PrintUsage(1, 3, 0, 0); }},
+        {"PrintOtherIncome", [](VantlowCls& c) { c.PrintOtherIncome(1, 4, 0); }},
+        {"PrintServicesIncome", [](VantlowCls& c) { c.PrintServicesIncome(1, 4, 0); }},
+        {"PrintMembersInfo", [](VantlowCls& c) { c.PrintMembersInfo("WHERE members.id > 0"); }},
+        {"PrintUsersIncome", [](VantlowCls& c) { c.PrintUsersIncome(1, 4); }},
+        {"PrintPPCards", [](VantlowCls& c) { c.PrintPPCards(CardsQuery); }},
+        {"PrintPPInfo", [](VantlowCls& c) { c.PrintPPInfo(CardListQuery, "بطاقات"); }},
+        {"PrintAudit", [](VantlowCls& c) { c.PrintAudit(); }},
+        {"PrintPrintLog", [](VantlowCls& c) { c.PrintPrintLog(1, 4); }},
+        {"PrintIncomePreview", [](VantlowCls& c) { c.PrintIncome(1, 4, 0, 1); }},
+        {"PrintPayoutPreview", [](VantlowCls& c) { c.PrintPayout(1, 4); }},
+    };
+}
+
+} // namespace qbrpt::fakes
