@@ -3,6 +3,7 @@
 
 #include "service/VantlowCls.h"
 
+#include <cstdint>
 #include <functional>
 #include <ostream>
 #include <vector>
@@ -11,7 +12,8 @@ namespace qbrpt::fakes {
 
 struct CommandCall {
     const char* name;
-    std::function<void(VantlowCls&)> run;
+    /// `card`: the row of a prepaid card in `members_time`.
+    std::function<void(VantlowCls&, std::int32_t card)> run;
 };
 
 inline void PrintTo(const CommandCall& command, std::ostream* stream) {
@@ -30,26 +32,26 @@ constexpr const char* CardListQuery =
 /// Those with `bShow` print at once.
 inline std::vector<CommandCall> AllCommands() {
     return {
-        {"PrintIncome", [](VantlowCls& c) { c.PrintIncome(1, 4, 0, 0); }},
-        {"PrintIncomeSingle", [](VantlowCls& c) { c.PrintIncome(2, 0, 0, 0); }},
-        {"PrintMemberUsage", [](VantlowCls& c) { c.PrintMemberUsage(0, 0, 0); }},
-        {"PrintPPUsage", [](VantlowCls& c) { c.PrintPPUsage(0, 2, 0); }},
-        {"PrintPCUsage", [](VantlowCls& c) { c.PrintPCUsage(0, 0, 0, 0); }},
-        {"PrintPCUsageOfOne", [](VantlowCls& c) { c.PrintPCUsage(1, 90'000, 1, 0); }},
-        {"PrintInternetUsage", [](VantlowCls& c) { c.PrintInternetUsage(0, 0, 1, 0); }},
-        {"PrintMembersIncom", [](VantlowCls& c) { c.PrintMembersIncom(1, 4, 0); }},
-        {"PrintPayout", [](VantlowCls& c) { c.PrintPayout(1, 4, 0); }},
-        {"PrintUsage", [](VantlowCls& c) { c.PrintUsage(1, 3, 0, 0); }},
-        {"PrintOtherIncome", [](VantlowCls& c) { c.PrintOtherIncome(1, 4, 0); }},
-        {"PrintServicesIncome", [](VantlowCls& c) { c.PrintServicesIncome(1, 4, 0); }},
-        {"PrintMembersInfo", [](VantlowCls& c) { c.PrintMembersInfo("WHERE members.id > 0"); }},
-        {"PrintUsersIncome", [](VantlowCls& c) { c.PrintUsersIncome(1, 4); }},
-        {"PrintPPCards", [](VantlowCls& c) { c.PrintPPCards(CardsQuery); }},
-        {"PrintPPInfo", [](VantlowCls& c) { c.PrintPPInfo(CardListQuery, "بطاقات"); }},
-        {"PrintAudit", [](VantlowCls& c) { c.PrintAudit(); }},
-        {"PrintPrintLog", [](VantlowCls& c) { c.PrintPrintLog(1, 4); }},
-        {"PrintIncomePreview", [](VantlowCls& c) { c.PrintIncome(1, 4, 0, 1); }},
-        {"PrintPayoutPreview", [](VantlowCls& c) { c.PrintPayout(1, 4); }},
+        {"PrintIncome", [](VantlowCls& c, std::int32_t) { c.PrintIncome(1, 4, 0, 0); }},
+        {"PrintIncomeSingle", [](VantlowCls& c, std::int32_t) { c.PrintIncome(2, 0, 0, 0); }},
+        {"PrintMemberUsage", [](VantlowCls& c, std::int32_t) { c.PrintMemberUsage(0, 0, 0); }},
+        {"PrintPPUsage", [](VantlowCls& c, std::int32_t card) { c.PrintPPUsage(0, card, 0); }},
+        {"PrintPCUsage", [](VantlowCls& c, std::int32_t) { c.PrintPCUsage(0, 0, 0, 0); }},
+        {"PrintPCUsageOfOne", [](VantlowCls& c, std::int32_t) { c.PrintPCUsage(1, 90'000, 1, 0); }},
+        {"PrintInternetUsage", [](VantlowCls& c, std::int32_t) { c.PrintInternetUsage(0, 0, 1, 0); }},
+        {"PrintMembersIncom", [](VantlowCls& c, std::int32_t) { c.PrintMembersIncom(1, 4, 0); }},
+        {"PrintPayout", [](VantlowCls& c, std::int32_t) { c.PrintPayout(1, 4, 0); }},
+        {"PrintUsage", [](VantlowCls& c, std::int32_t) { c.PrintUsage(1, 3, 0, 0); }},
+        {"PrintOtherIncome", [](VantlowCls& c, std::int32_t) { c.PrintOtherIncome(1, 4, 0); }},
+        {"PrintServicesIncome", [](VantlowCls& c, std::int32_t) { c.PrintServicesIncome(1, 4, 0); }},
+        {"PrintMembersInfo", [](VantlowCls& c, std::int32_t) { c.PrintMembersInfo("WHERE members.id > 0"); }},
+        {"PrintUsersIncome", [](VantlowCls& c, std::int32_t) { c.PrintUsersIncome(1, 4); }},
+        {"PrintPPCards", [](VantlowCls& c, std::int32_t) { c.PrintPPCards(CardsQuery); }},
+        {"PrintPPInfo", [](VantlowCls& c, std::int32_t) { c.PrintPPInfo(CardListQuery, "بطاقات"); }},
+        {"PrintAudit", [](VantlowCls& c, std::int32_t) { c.PrintAudit(); }},
+        {"PrintPrintLog", [](VantlowCls& c, std::int32_t) { c.PrintPrintLog(1, 4); }},
+        {"PrintIncomePreview", [](VantlowCls& c, std::int32_t) { c.PrintIncome(1, 4, 0, 1); }},
+        {"PrintPayoutPreview", [](VantlowCls& c, std::int32_t) { c.PrintPayout(1, 4); }},
     };
 }
 

@@ -65,6 +65,10 @@ TEST_P(BoxSeries, WithCancelAtEachBox) {
     }
 }
 
+void RemoveQueries(fakes::FakePlatform&, fakes::FakeDatabase& db) {
+    db.queryDefs.clear();
+}
+
 /// A viewer, a printer and a report engine that refuse.
 class RefusingViewer final : public CRViewer {
     Shown DoViewReport(const Ref<CrystalRuntime::Report>&, bool) override {
@@ -92,49 +96,103 @@ void RemovePrinters(fakes::FakePlatform& platform, fakes::FakeDatabase&) {
 
 const std::string NoRows = "the report has no rows to read";
 
-INSTANTIATE_TEST_SUITE_P(Rows, BoxSeries,
-                         ::testing::Values(
-                             // Both dates, the query and the row test fail; Retry then enters the branch.
-                             SeriesRow{"NoDatabaseRange",
-                                       Nothing,
-                                       false,
-                                       [](VantlowCls& c) { c.PrintPayout(5, 9, 0); },
-                                       {Unset, Unset, Unset, Unset, Unset, NoRows},
-                                       1},
-                             SeriesRow{"NoDatabaseSingleDay",
-                                       Nothing,
-                                       false,
-                                       [](VantlowCls& c) { c.PrintPayout(5, 5, 1); },
-                                       {Unset, Unset, Unset, Unset, NoRows},
-                                       1},
-                             SeriesRow{"FailingQuery",
-                                       BreakPayoutQuery,
-                                       true,
-                                       [](VantlowCls& c) { c.PrintPayout(5, 9, 0); },
-                                       {"no such table: pay_out", Unset, Unset, NoRows},
-                                       1},
-                             SeriesRow{"FailingDates",
-                                       BreakDateQuery,
-                                       true,
-                                       [](VantlowCls& c) { c.PrintPayout(5, 9, 0); },
-                                       {"no such table: host_log_time", "no such table: host_log_time"},
-                                       1},
-                             SeriesRow{
-                                 "FailingIncomeQuery",
-                                 BreakIncomeQuery,
-                                 true,
-                                 [](VantlowCls& c) { c.PrintIncome(5, 9, 0, 0); },
-                                 // The query; the row test; to the last row and back; the second row test; in
-                                 // the run the binding and the reading.
-                                 {"no such table: daily_sheet", Unset, Unset, Unset, Unset, Unset, NoRows},
-                                 1},
-                             SeriesRow{"FailingPreview",
-                                       BreakViewer,
-                                       true,
-                                       [](VantlowCls& c) { c.PrintIncome(5, 9, 0, 1); },
-                                       {"ShowpReport\rno screen"},
-                                       1}),
-                         [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(
+    Rows, BoxSeries,
+    ::testing::Values(
+        // Both dates, the query and the row test fail; Retry then enters the branch.
+        SeriesRow{"NoDatabaseRange",
+                  Nothing,
+                  false,
+                  [](VantlowCls& c) { c.PrintPayout(5, 9, 0); },
+                  {Unset, Unset, Unset, Unset, Unset, NoRows},
+                  1},
+        SeriesRow{"NoDatabaseSingleDay",
+                  Nothing,
+                  false,
+                  [](VantlowCls& c) { c.PrintPayout(5, 5, 1); },
+                  {Unset, Unset, Unset, Unset, NoRows},
+                  1},
+        SeriesRow{"FailingQuery",
+                  BreakPayoutQuery,
+                  true,
+                  [](VantlowCls& c) { c.PrintPayout(5, 9, 0); },
+                  {"no such table: pay_out", Unset, Unset, NoRows},
+                  1},
+        SeriesRow{"FailingDates",
+                  BreakDateQuery,
+                  true,
+                  [](VantlowCls& c) { c.PrintPayout(5, 9, 0); },
+                  {"no such table: host_log_time", "no such table: host_log_time"},
+                  1},
+        SeriesRow{"FailingIncomeQuery",
+                  BreakIncomeQuery,
+                  true,
+                  [](VantlowCls& c) { c.PrintIncome(5, 9, 0, 0); },
+                  // The query; the row test; to the last row and back; the second row test; in
+                  // the run the binding and the reading.
+                  {"no such table: daily_sheet", Unset, Unset, Unset, Unset, Unset, NoRows},
+                  1},
+        // With neither saved query each parameter fails in its turn, then the
+        // opening, the row test, and in the run the binding and the reading.
+        SeriesRow{"NoSavedQuery",
+                  RemoveQueries,
+                  true,
+                  [](VantlowCls& c) { c.PrintUsersIncome(5, 9); },
+                  {"There is no query \"users_income\".", Unset, Unset, Unset, Unset, Unset, NoRows},
+                  1},
+        SeriesRow{"FailingPreview",
+                  BreakViewer,
+                  true,
+                  [](VantlowCls& c) { c.PrintIncome(5, 9, 0, 1); },
+                  {"ShowpReport\rno screen"},
+                  1}),
+    [](const auto& row) { return row.param.name; });
+
+struct UnsetRow {
+    const char* name;
+    std::size_t lookUps; ///< of dates
+    std::function<void(VantlowCls&)> command;
+};
+
+class WithoutADatabase : public ServiceTest, public ::testing::WithParamInterface<UnsetRow> {};
+
+// The look-ups, the query and the row test fail; Retry then enters the branch, where the run fails to bind
+// and to read.
+TEST_P(WithoutADatabase, HasItsSeriesOfBoxes) {
+    platform.messages->usual = Retry;
+    GetParam().command(cls);
+    std::vector<std::string> boxes(GetParam().lookUps + 3, Unset);
+    boxes.push_back(NoRows);
+    EXPECT_EQ(platform.messages->Texts(), boxes);
+    EXPECT_THAT(platform.runtime->made, SizeIs(1));
+    EXPECT_EQ(platform.screen->Current(), Pointer::Default);
+    EXPECT_EQ(platform.printers->printers[0].orientation, OrientationPortrait);
+
+    platform.messages->usual = Cancel;
+    platform.messages->boxes.clear();
+    GetParam().command(cls);
+    EXPECT_EQ(platform.messages->Texts(), std::vector<std::string>{Unset});
+    EXPECT_THAT(platform.runtime->made, SizeIs(1));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, WithoutADatabase,
+    ::testing::Values(UnsetRow{"PrintMemberUsage", 0, [](VantlowCls& c) { c.PrintMemberUsage(1, 2); }},
+                      UnsetRow{"PrintPPUsage", 0, [](VantlowCls& c) { c.PrintPPUsage(1, 2); }},
+                      UnsetRow{"PrintPCUsage", 0, [](VantlowCls& c) { c.PrintPCUsage(1, 2, 3); }},
+                      UnsetRow{"PrintInternetUsage", 0, [](VantlowCls& c) { c.PrintInternetUsage(1, 2); }},
+                      UnsetRow{"PrintMembersIncom", 2, [](VantlowCls& c) { c.PrintMembersIncom(1, 2); }},
+                      UnsetRow{"PrintUsage", 2, [](VantlowCls& c) { c.PrintUsage(1, 2, 3); }},
+                      UnsetRow{"PrintUsageOfADay", 1, [](VantlowCls& c) { c.PrintUsage(1, 1, 3); }},
+                      UnsetRow{"PrintOtherIncome", 2, [](VantlowCls& c) { c.PrintOtherIncome(1, 2); }},
+                      UnsetRow{"PrintServicesIncome", 1, [](VantlowCls& c) { c.PrintServicesIncome(1, 0); }},
+                      UnsetRow{"PrintMembersInfo", 0, [](VantlowCls& c) { c.PrintMembersInfo("WHERE 1"); }},
+                      UnsetRow{"PrintPPCards", 0, [](VantlowCls& c) { c.PrintPPCards("SELECT 1"); }},
+                      UnsetRow{"PrintPPInfo", 0, [](VantlowCls& c) { c.PrintPPInfo("SELECT 1", ""); }},
+                      UnsetRow{"PrintAudit", 0, [](VantlowCls& c) { c.PrintAudit(); }},
+                      UnsetRow{"PrintPrintLog", 2, [](VantlowCls& c) { c.PrintPrintLog(1, 2); }},
+                      UnsetRow{"PrintPrintLogOfAll", 0, [](VantlowCls& c) { c.PrintPrintLog(0, 2); }}),
+    [](const auto& row) { return row.param.name; });
 
 TEST_F(ServiceTest, AFailingRowTestEntersTheBranchAfterRetry) {
     GiveDatabase();

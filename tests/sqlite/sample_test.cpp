@@ -120,6 +120,21 @@ TEST_F(Sample, TheSheetsAreTheSumsOfTheSessions) {
               "1");
 }
 
+TEST_F(Sample, DaysAreUnlikeAndPaymentsSpreadOverThem) {
+    Outsider file(Make(60, 120));
+    for (const char* figure : {"pc_count", "work_time"})
+        EXPECT_NE(file.Ask(std::string("SELECT count(DISTINCT ") + figure + ") FROM daily_sheet"), "1")
+            << figure;
+    EXPECT_NE(file.Ask("SELECT count(DISTINCT general + pp + member) FROM total_use_count"), "1");
+    // Each third of the days has a fair part of the payments.
+    for (const char* days : {"1 AND 20", "21 AND 40", "41 AND 60"})
+        EXPECT_EQ(file.Ask(std::string("SELECT count(*) * 5 > (SELECT count(*) FROM members_payment) FROM "
+                                       "members_payment WHERE work_id BETWEEN ") +
+                           days),
+                  "1")
+            << days;
+}
+
 TEST_F(Sample, DatesAreDayNumbersExactToTheSecond) {
     Outsider file(Make(20, 50));
     for (const char* column : {"log_time", "end_time"})

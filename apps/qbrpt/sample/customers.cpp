@@ -13,10 +13,11 @@ namespace {
 
 constexpr int DeletedKind = MembershipKindCount + 1; ///< sold once, and gone from the list of kinds
 constexpr int CardKind = MembershipKindCount + 2;
-constexpr MembershipKind DeletedKindAsSold{"عرض قديم", 900, 35};
+constexpr MembershipKind DeletedKindAsSold{"عرض قديم", 900, 35, 30};
 constexpr int DeletedMembers = 7; ///< per cent
 constexpr int FirstSerial = 1001;
 constexpr int UnsoldCards = 120;
+constexpr std::size_t CardsAround = 25;
 
 struct CardOffer {
     int minutes;
@@ -33,7 +34,7 @@ std::string Digits(Random& random, int count) {
 
 } // namespace
 
-Customers::Customers(Writer& writer, Random& random, int sessionsPerDay)
+Customers::Customers(Writer& writer, Random& random, int sessionsPerDay, int firstDate)
     : mWriter(writer), mRandom(random), mMembersTime(writer, "members_time", 3),
       mPayments(writer, "members_payment", 5) {
     constexpr int fewest = 40;
@@ -45,6 +46,13 @@ Customers::Customers(Writer& writer, Random& random, int sessionsPerDay)
         if (!random.Chance(DeletedMembers)) members.Add(id, name);
     }
     mCurrent.assign(static_cast<std::size_t>(count) + 1, 0);
+    // Most have subscribed in the weeks before the first day, as has a stock of cards been sold by then.
+    constexpr int subscribed = 85;
+    for (int id = 1; id <= count; ++id)
+        if (random.Chance(subscribed))
+            mCurrent[static_cast<std::size_t>(id)] = SubscribeEarlier(id, firstDate) + 1;
+    while (mCardsInUse.size() < CardsAround)
+        mCardsInUse.push_back(MakeCard(EarlierMoment(firstDate, 60)));
 
     Inserter kinds(writer, "membership", 2);
     for (int i = 0; i < MembershipKindCount; ++i)
@@ -52,26 +60,35 @@ Customers::Customers(Writer& writer, Random& random, int sessionsPerDay)
     kinds.Add(CardKind, std::string_view("بطاقة مسبقة الدفع"));
 }
 
+double Customers::EarlierMoment(int firstDate, int days) {
+    const int date = firstDate - mRandom.Between(1, days);
+    return At(date, mRandom.Between(Opening, Closing - 1));
+}
+
 void Customers::UseSubscription(Session& session, Day& day) {
     const int member = mRandom.Between(1, static_cast<int>(mCurrent.size()) - 1);
+    const double moment = At(day.date, session.begin);
     std::size_t& current = mCurrent[static_cast<std::size_t>(member)];
     if (current != 0) {
         Subscription& old = mSubscriptions[current - 1];
-        if (old.usedMinutes + session.useMinutes > old.boughtMinutes) {
+        if (old.usedMinutes + session.useMinutes > old.boughtMinutes || moment > old.until) {
             old.ended = true;
             current = 0;
         }
     }
-    if (current == 0) current = Subscribe(member, session, day) + 1;
+    if (current == 0) current = Subscribe(member, moment) + 1;
     Subscription& subscription = mSubscriptions[current - 1];
+    if (subscription.paid == 0)
+        Pay(subscription, mRandom.Chance(15) ? subscription.owed / 2 : subscription.owed, session, day);
+    else if (subscription.owed > 0 && mRandom.Chance(10))
+        Pay(subscription, subscription.owed, session, day);
     subscription.usedMinutes += session.useMinutes;
-    if (subscription.owed > 0 && mRandom.Chance(10)) Pay(subscription, subscription.owed, session, day);
     session.kind = 2;
     session.member = member;
     session.subscription = subscription.id;
 }
 
-std::size_t Customers::Subscribe(int member, const Session& session, Day& day) {
+std::size_t Customers::Subscribe(int member, double moment) {
     const bool deleted = mRandom.Chance(3);
     const int index = mRandom.Between(0, MembershipKindCount - 1);
     const MembershipKind& kind = deleted ? DeletedKindAsSold : MembershipKindAt(index);
@@ -79,13 +96,24 @@ std::size_t Customers::Subscribe(int member, const Session& session, Day& day) {
     made.id = mNextSubscription++;
     made.member = member;
     made.kind = deleted ? DeletedKind : index + 1;
-    made.begin = At(day.date, session.begin);
+    made.begin = moment;
+    made.until = moment + kind.days;
     made.boughtMinutes = kind.minutes;
     made.owed = static_cast<long long>(kind.price) * 100;
     mMembersTime.Add(made.id, made.kind, std::nullopt);
-    Pay(made, mRandom.Chance(15) ? made.owed / 2 : made.owed, session, day);
     mSubscriptions.push_back(made);
     return mSubscriptions.size() - 1;
+}
+
+std::size_t Customers::SubscribeEarlier(int member, int firstDate) {
+    const std::size_t place = Subscribe(member, 0);
+    Subscription& made = mSubscriptions[place];
+    const double days = made.until;
+    made.begin = EarlierMoment(firstDate, static_cast<int>(days));
+    made.until = made.begin + days;
+    made.paid = mRandom.Chance(10) ? made.owed / 2 : made.owed;
+    made.owed -= made.paid;
+    return place;
 }
 
 void Customers::Pay(Subscription& subscription, long long amount, const Session& session, Day& day) {
@@ -97,31 +125,27 @@ void Customers::Pay(Subscription& subscription, long long amount, const Session&
 }
 
 void Customers::UseCard(Session& session, Day& day) {
-    constexpr std::size_t cardsAround = 25;
-    const auto place = static_cast<std::size_t>(mRandom.Between(0, static_cast<int>(cardsAround) - 1));
-    std::size_t index = 0;
-    if (place >= mCardsInUse.size()) {
-        index = SellCard(session, day);
-        mCardsInUse.push_back(index);
-    } else {
-        index = mCardsInUse[place];
-        if (mCards[index].usedMinutes + session.useMinutes > mCards[index].boughtMinutes)
-            index = mCardsInUse[place] = SellCard(session, day);
+    constexpr int newCustomers = 12;
+    const auto place = static_cast<std::size_t>(mRandom.Between(0, static_cast<int>(CardsAround) - 1));
+    const Card& held = mCards[mCardsInUse[place]];
+    if (held.usedMinutes + session.useMinutes > held.boughtMinutes || mRandom.Chance(newCustomers)) {
+        mCardsInUse[place] = MakeCard(At(day.date, session.begin));
+        const int account = mCards[mCardsInUse[place]].account;
+        day.ShiftAt(session.begin).prepaid += CardOffers[static_cast<std::size_t>(account - 1)].cents;
     }
-    mCards[index].usedMinutes += session.useMinutes;
+    Card& card = mCards[mCardsInUse[place]];
+    card.usedMinutes += session.useMinutes;
     session.kind = 1;
-    session.subscription = mCards[index].subscription;
+    session.subscription = card.subscription;
 }
 
-std::size_t Customers::SellCard(const Session& session, Day& day) {
+std::size_t Customers::MakeCard(double moment) {
     const int account = mRandom.Between(0, CardAccountCount - 1);
-    const CardOffer& offer = CardOffers[static_cast<std::size_t>(account)];
     Card card;
     card.subscription = mNextSubscription++;
     card.account = account + 1;
-    card.boughtMinutes = offer.minutes;
-    card.begin = At(day.date, session.begin);
-    day.ShiftAt(session.begin).prepaid += offer.cents;
+    card.boughtMinutes = CardOffers[static_cast<std::size_t>(account)].minutes;
+    card.begin = moment;
     mCards.push_back(card);
     mMembersTime.Add(card.subscription, CardKind, static_cast<int>(mCards.size()));
     return mCards.size() - 1;

@@ -14,7 +14,7 @@ namespace qbrpt::sample {
 /// deleted: others still point to them.
 class Customers {
 public:
-    Customers(Writer& writer, Random& random, int sessionsPerDay);
+    Customers(Writer& writer, Random& random, int sessionsPerDay, int firstDate);
 
     /// Makes `session` one of a subscriber.
     void UseSubscription(Session& session, Day& day);
@@ -29,6 +29,7 @@ private:
         int member = 0;
         int kind = 0; ///< membership identifier
         double begin = 0;
+        double until = 0;
         int boughtMinutes = 0;
         int usedMinutes = 0;
         long long paid = 0;
@@ -43,9 +44,11 @@ private:
         double begin = 0;
     };
 
-    std::size_t Subscribe(int member, const Session& session, Day& day);
+    double EarlierMoment(int firstDate, int days);
+    std::size_t Subscribe(int member, double moment);
+    std::size_t SubscribeEarlier(int member, int firstDate);
     void Pay(Subscription& subscription, long long amount, const Session& session, Day& day);
-    std::size_t SellCard(const Session& session, Day& day);
+    std::size_t MakeCard(double moment);
     void WriteSubscriptions();
     void WriteCards(int lastDate);
 

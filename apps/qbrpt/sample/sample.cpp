@@ -29,15 +29,16 @@ void Check(const SampleOptions& options) {
                                                           std::to_string(MostSessions) + ".");
 }
 
-Day OpenDay(int index) {
+// Staff come a while before the doors open and leave when all is tidied up.
+Day OpenDay(int index, Random& random) {
     constexpr int formerEvery = 9;
     Day day;
     day.work = index + 1;
     day.date = FirstDate + index;
     day.shifts[0].user = index % SupervisorCount + 1;
     day.shifts[1].user = index % formerEvery == 4 ? FormerSupervisor : (index + 2) % SupervisorCount + 1;
-    day.shifts[0].minutes = (ShiftChange - Opening) / SecondsPerMinute;
-    day.shifts[1].minutes = (Closing - ShiftChange) / SecondsPerMinute;
+    day.shifts[0].minutes = (ShiftChange - Opening) / SecondsPerMinute + random.Between(0, 25);
+    day.shifts[1].minutes = (Closing - ShiftChange) / SecondsPerMinute + random.Between(5, 40);
     return day;
 }
 
@@ -53,15 +54,21 @@ void Fill(Writer& writer, const SampleOptions& options) {
         queries.Add(query.name, query.sql);
 
     Random random(options.seed);
-    Customers customers(writer, random, options.sessionsPerDay);
+    Customers customers(writer, random, options.sessionsPerDay, FirstDate);
     Sessions sessions(writer, random, options.sessionsPerDay);
     Ledgers ledgers(writer, random);
     Sheets sheets(writer);
+    int extra = 0;
     const int tellEvery = std::max(1, options.days / 100);
     for (int i = 0; i < options.days; ++i) {
         database::StopIfCancelled();
-        Day day = OpenDay(i);
-        sessions.Add(day, i + 1 == options.days, customers);
+        Day day = OpenDay(i, random);
+        // A slack day follows a busy one, so that the whole is what was asked for.
+        constexpr int mostExtra = 6; // an n-th of the day's sessions
+        const int bound = options.sessionsPerDay / mostExtra;
+        const bool last = i + 1 == options.days;
+        extra = i % 2 == 1 ? -extra : last ? 0 : random.Between(-bound, bound);
+        sessions.Add(day, options.sessionsPerDay + extra, last, customers);
         ledgers.AddMoney(day);
         sheets.Add(day);
         ledgers.Close(day);

@@ -30,9 +30,9 @@ std::string HostName(int host) {
 } // namespace
 
 Sessions::Sessions(Writer& writer, Random& random, int sessionsPerDay)
-    : mRandom(random), mSessionsPerDay(sessionsPerDay), mHosts(HostCount(sessionsPerDay)),
-      mLog(writer, "local_log", 17), mDeleted(writer, "local_log_delete", 17),
-      mOrders(writer, "cafe_orders", 4), mPrints(writer, "print_log", 9) {
+    : mRandom(random), mHosts(HostCount(sessionsPerDay)), mLog(writer, "local_log", 17),
+      mDeleted(writer, "local_log_delete", 17), mOrders(writer, "cafe_orders", 4),
+      mPrints(writer, "print_log", 9) {
     Inserter hosts(writer, "host_src", 2);
     for (int host = 1; host <= mHosts; ++host)
         hosts.Add(host, HostName(host));
@@ -40,24 +40,27 @@ Sessions::Sessions(Writer& writer, Random& random, int sessionsPerDay)
 
 // Every host's day is cut into equal slots with one session in each, so that no two sessions of a host
 // overlap.
-std::vector<Session> Sessions::Plan(bool last) {
-    const int slots = std::max(1, (mSessionsPerDay + mHosts - 1) / mHosts);
+std::vector<Session> Sessions::Plan(int count, bool last) {
+    constexpr int mostBroken = 12; // an n-th of the hosts
+    const int hosts = mHosts - (mRandom.Chance(35) ? mRandom.Between(1, 1 + mHosts / mostBroken) : 0);
+    const int firstHost = mRandom.Between(0, mHosts - 1);
+    const int slots = std::max(1, (count + hosts - 1) / hosts);
     const int slotSeconds = (Closing - Opening) / slots;
     constexpr int longestMinutes = 180;
     const int steps =
         std::clamp(slotSeconds / SecondsPerMinute / MinuteStep - 1, 1, longestMinutes / MinuteStep);
-    std::vector<Session> plan(static_cast<std::size_t>(mSessionsPerDay));
-    for (int i = 0; i < mSessionsPerDay; ++i) {
+    std::vector<Session> plan(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
         Session& session = plan[static_cast<std::size_t>(i)];
-        session.host = i % mHosts + 1;
+        session.host = (firstHost + i % hosts) % mHosts + 1;
         session.useMinutes = mRandom.Between(1, steps) * MinuteStep;
         const int free = std::max(1, slotSeconds - session.useMinutes * SecondsPerMinute);
-        session.begin = Opening + (i / mHosts) * slotSeconds + mRandom.Between(0, free - 1);
+        session.begin = Opening + (i / hosts) * slotSeconds + mRandom.Between(0, free - 1);
         const int idle = mRandom.Chance(20) ? mRandom.Between(1, std::max(1, session.useMinutes / 3)) : 0;
         session.idleMinutes = idle;
         session.end = session.begin + session.useMinutes * SecondsPerMinute - mRandom.Between(0, 59);
-        const bool inLastSlot = i / mHosts == (mSessionsPerDay - 1) / mHosts;
-        if (last && inLastSlot && (session.host % 4 == 0 || i + 1 == mSessionsPerDay)) session.end.reset();
+        const bool inLastSlot = i / hosts == (count - 1) / hosts;
+        if (last && inLastSlot && (session.host % 4 == 0 || i + 1 == count)) session.end.reset();
     }
     std::stable_sort(plan.begin(), plan.end(),
                      [](const Session& a, const Session& b) { return a.begin < b.begin; });
@@ -132,9 +135,9 @@ void Sessions::Write(Inserter& table, int id, const Session& session, const Day&
               session.subscription);
 }
 
-void Sessions::Add(Day& day, bool last, Customers& customers) {
+void Sessions::Add(Day& day, int count, bool last, Customers& customers) {
     std::set<int> hosts;
-    for (Session& session : Plan(last)) {
+    for (Session& session : Plan(count, last)) {
         const int id = mNextId++;
         Fill(session, day, customers);
         Order(session, id);

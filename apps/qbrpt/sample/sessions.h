@@ -14,11 +14,11 @@ class Sessions {
 public:
     Sessions(Writer& writer, Random& random, int sessionsPerDay);
 
-    /// Writes a day's sessions and counts them into the day. On the last day some are still running.
-    void Add(Day& day, bool last, Customers& customers);
+    /// Writes `count` sessions and counts them into the day. On the last day some are still running.
+    void Add(Day& day, int count, bool last, Customers& customers);
 
 private:
-    std::vector<Session> Plan(bool last);
+    std::vector<Session> Plan(int count, bool last);
     void Fill(Session& session, Day& day, Customers& customers);
     void Order(Session& session, int id);
     void Print(Session& session, int id, const Day& day);
@@ -26,7 +26,6 @@ private:
     static void Write(Inserter& table, int id, const Session& session, const Day& day);
 
     Random& mRandom;
-    int mSessionsPerDay;
     int mHosts;
     int mNextId = 1;
     Inserter mLog;

@@ -24,12 +24,12 @@ constexpr auto LatinNames =
     std::to_array<std::string_view>({"Peter O'Neil", "Maria Santos", "John Smith", "Anna D'Souza",
                                      "Rajesh Kumar", "Li Wei", "François Petit"});
 
-constexpr auto Kinds = std::to_array<MembershipKind>({{"شهري 30 ساعة", 1800, 75},
-                                                      {"شهري 60 ساعة", 3600, 130},
-                                                      {"أسبوعي 10 ساعات", 600, 30},
-                                                      {"طلابي", 1200, 40},
-                                                      {"ليلي", 2400, 60},
-                                                      {"VIP 100", 6000, 200}});
+constexpr auto Kinds = std::to_array<MembershipKind>({{"شهري 30 ساعة", 1800, 75, 30},
+                                                      {"شهري 60 ساعة", 3600, 130, 30},
+                                                      {"أسبوعي 10 ساعات", 600, 30, 7},
+                                                      {"طلابي", 1200, 40, 30},
+                                                      {"ليلي", 2400, 60, 30},
+                                                      {"VIP 100", 6000, 200, 60}});
 
 constexpr auto Goods = std::to_array<Good>({{"شاي", 1},
                                             {"قهوة تركية", 2.5},

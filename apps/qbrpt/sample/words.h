@@ -13,6 +13,7 @@ struct MembershipKind {
     std::string_view name;
     int minutes;
     double price;
+    int days; ///< that it holds, however little of it is used
 };
 
 /// Something to buy at the counter.
