@@ -67,6 +67,8 @@ public:
     Run& operator=(const Run&) = delete;
 
     int Execute() {
+        if (mCall.layoutsFolder && !std::filesystem::is_directory(*mCall.layoutsFolder))
+            throw WrongUse("--layouts: there is no folder \"" + *mCall.layoutsFolder + "\".");
         InstallPlatform();
         if (!mCall.printer.empty()) ChoosePrinter();
         {
@@ -100,6 +102,7 @@ private:
             else
                 parts.viewer = std::make_shared<FileViewer>(pdfPrinter, teller);
         }
+        parts.layoutsFolder = mCall.layoutsFolder;
         if (!mCall.traceFile.empty()) parts.trace = std::make_shared<TraceWriter>(mCall.traceFile);
         auto platform = MakeRealPlatform(std::move(parts));
         platform->observers.Add(std::make_shared<InterruptObserver>());

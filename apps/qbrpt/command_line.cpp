@@ -54,6 +54,8 @@ void AddOptions(CLI::App& command, MemberCall& call, Typed& typed) {
     command.add_flag("--print", typed.print, "prints what would be shown or printed");
     command.add_option("--printer", call.printer, "the printer of --print")->type_name("NAME");
     command.add_flag("--preview", typed.preview, "shows what would be shown or printed");
+    command.add_option("--layouts", call.layoutsFolder, "folder with the café's own layout files")
+        ->type_name("DIR");
     command.add_option("--trace", call.traceFile, "writes what happens as JSON lines")->type_name("FILE");
     command.add_option("--on-error", typed.onError, "the answer to error boxes: cancel or retry")
         ->check(CLI::IsMember({"cancel", "retry"}))
@@ -91,7 +93,8 @@ void Complete(MemberCall& call, const CLI::App& command, Typed& typed) {
     call.arguments = ReadArguments(*call.member, typed.arguments);
     if (!typed.onError.empty())
         call.onError = typed.onError == "retry" ? BoxAnswer::Retry : BoxAnswer::Cancel;
-    for (const char* name : {"--db", "--pdf", "--csv", "--xlsx", "--html", "--trace", "--printer"}) {
+    for (const char* name :
+         {"--db", "--pdf", "--csv", "--xlsx", "--html", "--trace", "--printer", "--layouts"}) {
         const CLI::Option* option = command.get_option(name);
         if (option->count() > 0 && option->as<std::string>().empty())
             throw WrongUse(std::string{name} + " is given without a name.");
@@ -131,6 +134,13 @@ void AddSample(CLI::App& application, sample::SampleOptions& options) {
                    "\nqbrpt --help lists them.");
 }
 
+/// The help of the command that was chosen last: that of `qbrpt layouts check` when it was typed so far.
+std::string HelpOfInnermost(const CLI::App& command, const std::string& before) {
+    const auto chosen = command.get_subcommands();
+    if (chosen.empty()) return command.help(before);
+    return HelpOfInnermost(*chosen.front(), before + (before.empty() ? "" : " ") + command.get_name());
+}
+
 } // namespace
 
 Request ReadCommandLine(int count, const char* const* words) {
@@ -141,6 +151,8 @@ Request ReadCommandLine(int count, const char* const* words) {
 
     sample::SampleOptions sampleOptions;
     AddSample(application, sampleOptions);
+    LayoutsCall layoutsCall;
+    AddLayouts(application, layoutsCall);
     MemberCall call;
     std::map<const CLI::App*, Typed> typed;
     std::map<const CLI::App*, const Member*> members;
@@ -153,14 +165,14 @@ Request ReadCommandLine(int count, const char* const* words) {
     try {
         application.parse(count, words);
     } catch (const CLI::CallForHelp&) {
-        const auto chosen = application.get_subcommands();
-        return Information{chosen.empty() ? application.help() : chosen.front()->help("qbrpt")};
+        return Information{HelpOfInnermost(application, "")};
     } catch (const CLI::CallForVersion&) {
         return Information{"qbrpt " QBRPT_VERSION "\n"};
     } catch (const CLI::ParseError& error) {
         Refuse(application, error, count > 1 ? words[1] : "");
     }
     const CLI::App* chosen = application.get_subcommands().front();
+    if (chosen->get_name() == "layouts") return layoutsCall;
     if (!members.contains(chosen)) return sampleOptions;
     call.member = members.at(chosen);
     Complete(call, *chosen, typed.at(chosen));

@@ -1,6 +1,7 @@
 // What was asked for on the command line.
 #pragma once
 
+#include "layout_commands.h"
 #include "members.h"
 #include "output_files.h"
 #include "platform/desktop.h"
@@ -33,7 +34,8 @@ struct MemberCall {
     OutputFiles files;
     std::string printer;
     std::string traceFile;
-    std::optional<BoxAnswer> onError; ///< nothing: as the settings say
+    std::optional<std::string> layoutsFolder; ///< nothing: as the settings say
+    std::optional<BoxAnswer> onError;         ///< nothing: as the settings say
 };
 
 /// A text to print instead of doing anything: help, version.
@@ -41,7 +43,7 @@ struct Information {
     std::string text;
 };
 
-using Request = std::variant<MemberCall, sample::SampleOptions, Information>;
+using Request = std::variant<MemberCall, sample::SampleOptions, LayoutsCall, Information>;
 
 /// Reads the command line; raises WrongUse, with words for the user.
 [[nodiscard]] Request ReadCommandLine(int count, const char* const* words);

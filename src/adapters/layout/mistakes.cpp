@@ -1,7 +1,5 @@
 #include "adapters/layout/mistakes.h"
 
-#include "base/failure.h"
-
 #include <algorithm>
 #include <numeric>
 #include <tuple>
@@ -52,14 +50,16 @@ void Mistakes::RaiseIfAny() const {
         return std::tuple(FileOf(a.place), a.place.line, a.place.column) <
                std::tuple(FileOf(b.place), b.place.line, b.place.column);
     });
+    std::vector<std::string> words;
+    words.reserve(lines.size());
+    for (const Line& line : lines)
+        words.push_back(ToText(line.place) + ": " + line.words);
     std::string description;
-    for (std::size_t i = 0; i < std::min(lines.size(), LongestReport); ++i) {
-        if (i != 0) description += "\n";
-        description += ToText(lines[i].place) + ": " + lines[i].words;
-    }
-    if (lines.size() > LongestReport)
-        description += "\n... and " + std::to_string(lines.size() - LongestReport) + " more";
-    throw Failure(FailureNumber::Layout, description);
+    for (std::size_t i = 0; i < std::min(words.size(), LongestReport); ++i)
+        description += (i == 0 ? "" : "\n") + words[i];
+    if (words.size() > LongestReport)
+        description += "\n... and " + std::to_string(words.size() - LongestReport) + " more";
+    throw LayoutFailure(description, std::move(words));
 }
 
 std::string Suggestion(std::string_view word, std::span<const std::string_view> known) {

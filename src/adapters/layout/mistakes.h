@@ -2,21 +2,34 @@
 #pragma once
 
 #include "adapters/layout/tree.h"
+#include "base/failure.h"
 
 #include <cstddef>
 #include <initializer_list>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace qbrpt::layout {
+
+/// A layout with mistakes. The description tells of the first ones, Lines() of all, in the order of the file.
+class LayoutFailure : public Failure {
+public:
+    LayoutFailure(const std::string& description, std::vector<std::string> lines)
+        : Failure(FailureNumber::Layout, description), mLines(std::move(lines)) {}
+    [[nodiscard]] const std::vector<std::string>& Lines() const { return mLines; }
+
+private:
+    std::vector<std::string> mLines;
+};
 
 class Mistakes {
 public:
     void Add(const Place& place, const std::string& words);
     [[nodiscard]] bool Empty() const { return mLines.empty(); }
-    /// Raises FailureNumber::Layout with a line for each mistake, in the order of the file.
+    /// Raises a LayoutFailure with a line for each mistake.
     void RaiseIfAny() const;
 
 private:

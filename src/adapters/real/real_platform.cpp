@@ -46,7 +46,9 @@ std::unique_ptr<Platform> MakeRealPlatform(RealParts parts) {
 
     auto platform = std::make_unique<Platform>();
     platform->engine = MakeSqliteEngine();
-    platform->reports = MakeRuntime(ServicesOf(text::MakeTextPort(), std::move(parts.delivery)));
+    RuntimeServices services = ServicesOf(text::MakeTextPort(), std::move(parts.delivery));
+    if (parts.layoutsFolder) services.layouts = layout::Library(*parts.layoutsFolder);
+    platform->reports = MakeRuntime(std::move(services));
     platform->viewer = std::move(parts.viewer);
     platform->windows = std::make_shared<XcbWindows>();
     platform->screen = std::make_shared<QuietScreen>();

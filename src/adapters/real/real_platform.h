@@ -8,6 +8,8 @@
 #include "platform/printing.h"
 
 #include <memory>
+#include <optional>
+#include <string>
 
 namespace qbrpt {
 
@@ -19,6 +21,8 @@ struct RealParts {
     std::shared_ptr<Delivery> delivery;
     /// Takes the place of the trace that QBRPT_TRACE names.
     std::shared_ptr<PortObserver> trace;
+    /// Folder of the café's own layouts; takes the place of the one that QBRPT_LAYOUTS names.
+    std::optional<std::string> layoutsFolder;
 };
 
 /// Never fails: a part that cannot work says so when it is used.
