@@ -122,8 +122,8 @@ def printed(how, value):
     return f"{minutes // 60:,}:{minutes % 60:02}"
 
 
-def page_text(file, page):
-    text = subprocess.run(["pdftotext", "-layout", "-f", str(page), "-l", str(page), file, "-"], check=True,
+def page_text(file, first, last):
+    text = subprocess.run(["pdftotext", "-layout", "-f", str(first), "-l", str(last), file, "-"], check=True,
                           capture_output=True, text=True).stdout
     return " ".join(MARKS.sub("", text).split())
 
@@ -183,14 +183,30 @@ class Check:
                 self.faults.append("the rows are not in their order")
 
     def compare_pages(self, file, expected):
-        first, last = page_text(file, 1), page_text(file, page_count(file))
+        pages = page_count(file)
+        first, last = page_text(file, 1, 1), page_text(file, pages, pages)
         for text in (CAFE_NAME, " ".join(expected.title.split())):
             if text not in first:
                 self.faults.append(f"the first page lacks {text!r}")
+        self.find_totals(expected, expected.rows, "the last page", last.split())
+        count = len(expected.rows)
+        if expected.counted and count > 2 and f"{count:,}" not in last.split():
+            self.faults.append(f"the last page lacks the number of rows, {count:,}")
+        if expected.group is None:
+            return
+        groups = collections.defaultdict(list)
+        for row in expected.rows:
+            groups[row[expected.group]].append(row)
+        every = set(page_text(file, 1, pages).split())
+        for name, rows in groups.items():
+            self.find_totals(expected, rows, f"the group {name!r}", every)
+
+    def find_totals(self, expected, rows, place, words):
         for column, how in expected.totals.items():
-            values = [row[column] for row in expected.rows if row[column] is not None]
-            if values and printed(how, sum(values)) not in last.split():
-                self.faults.append(f"the last page lacks the total {printed(how, sum(values))} of column {column + 1}")
+            values = [column(row) if callable(column) else row[column] for row in rows]
+            values = [value for value in values if value is not None]
+            if values and printed(how, sum(values)) not in words:
+                self.faults.append(f"{place} lacks the sum {printed(how, sum(values))}")
 
 
 def make_cafes(tool, folder):

@@ -11,7 +11,9 @@ from cafe import alphabetical, date_text, minus, moment_within, period_text, plu
 class Expected:
     rows: list  # tuples, in the order of the fields
     title: str = ""  # in the heading; empty where the layout's own stands
-    totals: dict = field(default_factory=dict)  # column: how its sum is printed
+    totals: dict = field(default_factory=dict)  # column, or what is worked out of a row: how its sum is printed
+    group: int = None  # the column by which the pages make groups with sums of their own
+    counted: bool = True  # the number of rows stands behind them
     order: object = None  # a key by which the rows stand; None where none is asked for
     exact: bool = False  # every row has a place of its own
 
@@ -65,7 +67,7 @@ def member_usage(cafe, usage, member):
                 for kind in cafe.having("membership", "id", sold.membership_id) or [None]:
                     rows.append(((person.name or "") + " ", kind.name if kind else None, log.log_time, log.end_time,
                                  log.use_time, None))
-    return Expected(rows, totals={4: MINUTES})
+    return Expected(rows, totals={4: MINUTES}, group=0)
 
 
 def card_usage(cafe, work, sold_id):
@@ -161,7 +163,8 @@ def services(cafe, d1, d2):
                 for host in cafe.having("host_src", "id", log.host_id):
                     rows.append((order.name, order.item_count, order.price, log.end_time, host.name))
     words = "تقرير بخدمات الزبائن "
-    return Expected(rows, period_title(cafe, words, d1, d2) if d1 > 0 else words, {1: COUNT})
+    totals = {1: COUNT, (lambda row: times(row[1], row[2])): MONEY}
+    return Expected(rows, period_title(cafe, words, d1, d2) if d1 > 0 else words, totals)
 
 
 def session_list(cafe, d1, d2, host=0, _show=1, deleted=0):
@@ -186,7 +189,7 @@ def session_list(cafe, d1, d2, host=0, _show=1, deleted=0):
     words = "تفاصيل الاستخدام المحذوف " if deleted else "تفاصيل الاستخدام "
     totals = {3: MINUTES, 4: MINUTES, 6: COUNT, 7: MONEY, 8: MONEY, 9: MONEY}
     return Expected(rows, period_title(cafe, words, d1, d2), totals,
-                    order=lambda row: (alphabetical(row[0]), row[2] or 0))
+                    order=lambda row: (alphabetical(row[0]), row[2] or 0), group=0)
 
 
 def members_info(condition):
@@ -235,7 +238,7 @@ def supervisors(cafe, d1, d2):
     words = "تقرير بالإيراد حسب المشرفين"
     totals = {3: MINUTES, 4: MINUTES, 7: MONEY, 8: MONEY, 9: MONEY, 10: MONEY, 11: MONEY, 12: MONEY}
     title = period_title(cafe, words + " ", d1, d2) if d1 > 0 else words
-    return Expected(rows, title, totals, exact=True)
+    return Expected(rows, title, totals, exact=True, group=0)
 
 
 def audit(cafe):
@@ -271,7 +274,7 @@ def cards(cafe, _text):
                 for beside in [other for other in of if other.se_id == card.se_id + 1] or [None]:
                     second = (beside.se_id, beside.card_id, beside.card_pass) if beside else (None, None, None)
                     rows.append((account.name, card.se_id, card.card_id, card.card_pass, *second))
-    return Expected(rows, order=lambda row: row[1])
+    return Expected(rows, order=lambda row: row[1], counted=False)
 
 
 def card_list(cafe, _text, caption):
@@ -281,4 +284,4 @@ def card_list(cafe, _text, caption):
             rows.append((account.acctid, account.name, bool(account.disabled), account.reg_date, card.pp_id,
                          str(card.se_id), bool(card.disabled), card.use_date, bool(card.expired), card.use_time,
                          card.use_type, card.used_time, card.expiry))
-    return Expected(rows, caption, order=lambda row: row[4])
+    return Expected(rows, caption, {9: MINUTES, 11: MINUTES}, order=lambda row: row[4])
