@@ -155,8 +155,9 @@ struct Section {
 
 /// What stands before the figures of a row of totals.
 struct TotalWords {
-    std::string label; ///< may hold placeholders
-    std::string noun;  ///< counts the rows beside the label; empty: no count
+    std::string label;      ///< may hold placeholders
+    std::string noun;       ///< counts the rows beside the label; empty: no count
+    bool skipAlone = false; ///< left out where there is a single row
 };
 
 /// Rows with equal values of a field, one after the other, make a group. Texts are equal without regard to
@@ -189,6 +190,14 @@ struct Computed {
     int right = 0; ///< position in the field list
 };
 
+/// How a cell looks whose value deserves to be seen.
+struct Emphasis {
+    Condition::Test test = Condition::Test::Filled; ///< of the cell's own value
+    Color color = 0;
+    std::optional<Color> ground{};
+    bool bold = false;
+};
+
 /// A column of the details as a table outside of pages needs it. Pages are made from the objects alone.
 struct Column {
     int field = -1;            ///< as in Object::field
@@ -203,6 +212,7 @@ struct Column {
     bool sum = false;     ///< totals and subtotals show its sum
     bool average = false; ///< the row of averages shows its average
     bool key = false;     ///< stands out
+    std::optional<Emphasis> emphasis{};
 };
 
 /// The words for a number of things: قيد واحد, قيدان, 8 قيود, 11 قيدًا, 100 قيد.

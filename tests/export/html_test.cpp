@@ -51,6 +51,27 @@ TEST(Html, GroupsHaveHeadingsAndSubtotals) {
                       "tbody.t | th[*2]المجموع 3 قيود | td[n]1:00 | td[n k]7.00"}));
 }
 
+TEST(Html, ASingleRowNeedsNoSubtotal) {
+    report::Definition definition = UseDefinition(true);
+    definition.groups[0].total->skipAlone = true;
+    const auto lines =
+        LinesOf(JobOf(definition, {UseRow("7", 45717, 10.0, 1.0, "a"), UseRow("8", 45717, 20.0, 2.0, "b"),
+                                   UseRow("8", 45717, 30.0, 4.0, "c")}));
+    EXPECT_THAT(lines, Contains(HasSubstr("مجموع 8")));
+    EXPECT_THAT(lines, Not(Contains(HasSubstr("مجموع 7"))));
+}
+
+TEST(Html, EmphasisFollowsTheValue) {
+    report::Definition definition = UseDefinition(false);
+    definition.columns[3].emphasis =
+        report::Emphasis{report::Condition::Test::Positive, 0x8C1010, 0xF6E1DC, true};
+    const std::string page =
+        HtmlOf(JobOf(definition, {UseRow("7", 45717, 10.0, 1.0, "a"), UseRow("7", 45717, 10.0, 0.0, "b")}));
+    EXPECT_THAT(page, HasSubstr("style=\"color:#8C1010;background:#F6E1DC;font-weight:700\">1.00</td>"));
+    EXPECT_THAT(page, HasSubstr("<td class=\"n k z\">0.00</td>"));
+    EXPECT_THAT(page, HasSubstr("<td class=\"n k\">1.00</td></tr>")) << "the total stays as it is";
+}
+
 TEST(Html, WithoutRowsThereIsAnEmptyTable) {
     const report::Definition definition = UseDefinition(true);
     EXPECT_THAT(LinesOf(JobOf(definition, {})), Contains("tbody.t | th[*2]المجموع 0 قيد | td[n] | td[n k]"));

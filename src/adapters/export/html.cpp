@@ -4,6 +4,7 @@
 #include "adapters/export/html_text.h"
 #include "adapters/export/plain_text.h"
 #include "adapters/export/table_walk.h"
+#include "report/totals.h"
 #include "report/value_text.h"
 
 #include <algorithm>
@@ -104,7 +105,7 @@ public:
     void Row(const RowView& row) override {
         mPage.Text() += "<tr>";
         for (std::size_t i = 0; i < mPlan.columns.size(); ++i)
-            AddCell(i, row[static_cast<std::size_t>(mPlan.columns[i].field)]);
+            AddCell(i, row[static_cast<std::size_t>(mPlan.columns[i].field)], Emphasis::Allowed);
         mPage.Text() += "</tr>\n";
         mPage.PassOn();
     }
@@ -123,7 +124,7 @@ public:
         }
         html += "</th>";
         for (std::size_t i = words; i < mPlan.columns.size(); ++i)
-            AddCell(i, totals.values[i]);
+            AddCell(i, totals.values[i], Emphasis::None);
         html += "</tr>\n";
     }
 
@@ -175,11 +176,25 @@ private:
         html += "</tr>\n";
     }
 
-    void AddCell(std::size_t index, const CellView& cell) {
+    void AddEmphasis(const report::Emphasis& emphasis) {
+        std::string& html = mPage.Text();
+        html += " style=\"color:" + Hex(emphasis.color);
+        if (emphasis.ground) html += ";background:" + Hex(*emphasis.ground);
+        if (emphasis.bold) html += ";font-weight:700";
+        html += '"';
+    }
+
+    /// Totals are not emphasized.
+    enum class Emphasis : std::uint8_t { Allowed, None };
+
+    void AddCell(std::size_t index, const CellView& cell, Emphasis emphasis) {
         const Column& column = mPlan.columns[index];
         const report::ValueText value = mWriter.Write(cell, column.format, column.picture);
         std::string& html = mPage.Text();
-        html += "<td" + ClassAttribute(value.zero ? mClasses[index] + " z" : mClasses[index]) + ">";
+        html += "<td" + ClassAttribute(value.zero ? mClasses[index] + " z" : mClasses[index]);
+        if (emphasis == Emphasis::Allowed && column.emphasis && report::Holds(column.emphasis->test, cell))
+            AddEmphasis(*column.emphasis);
+        html += ">";
         if (!value.figures) {
             AppendCellText(html, value.text);
         } else if (value.text.starts_with('-')) {

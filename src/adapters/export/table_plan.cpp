@@ -76,7 +76,7 @@ std::vector<HeadingLine> HeadingOf(const report::Definition& definition) {
         for (const Object& object : section.objects) {
             const bool changes = !object.literal && object.text.find('{') != std::string::npos;
             if (object.type == report::ObjectType::Text && !object.text.empty() && !object.suppress &&
-                !changes && !captions.contains(object.name))
+                object.on != report::OnPages::Later && !changes && !captions.contains(object.name))
                 texts.push_back(&object);
         }
         std::stable_sort(texts.begin(), texts.end(), [](const Object* a, const Object* b) {

@@ -84,7 +84,8 @@ private:
             mRows.Next() ? report::FirstDifference(groups, *mRows.Current(), *mRows.Next()) : 0;
         for (std::size_t group = groups.size(); group > closes; --group) {
             const std::size_t ended = group - 1;
-            if (groups[ended].total)
+            const bool alone = mGroupRows[ended] == 1;
+            if (groups[ended].total && !(alone && groups[ended].total->skipAlone))
                 Tell(TotalsRow::Kind::Group, static_cast<int>(ended), *groups[ended].total,
                      mGroupSlots[ended], *mRows.Current());
         }

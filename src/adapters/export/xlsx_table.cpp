@@ -2,6 +2,7 @@
 
 #include "adapters/export/plain_text.h"
 #include "base/utf8.h"
+#include "report/totals.h"
 
 #include <xlsxwriter.h>
 
@@ -185,7 +186,7 @@ void XlsxTable::NoteWidth(std::size_t column, std::size_t characters) {
     mWidths[column] = std::max(mWidths[column], characters);
 }
 
-CellLook XlsxTable::LookOf(std::size_t column) const {
+CellLook XlsxTable::LookOf(std::size_t column, const CellView& cell) const {
     const report::Column& source = mPlan.columns[column];
     CellLook look;
     look.align = AlignOf(source.align);
@@ -193,6 +194,11 @@ CellLook XlsxTable::LookOf(std::size_t column) const {
     look.bold = source.key;
     look.fill = source.key ? LightTint : CellLook::White;
     look.below = Rule::Hair;
+    if (source.emphasis && report::Holds(source.emphasis->test, cell)) {
+        look.color = source.emphasis->color;
+        look.fill = source.emphasis->ground.value_or(look.fill);
+        look.bold = look.bold || source.emphasis->bold;
+    }
     return look;
 }
 
@@ -242,8 +248,10 @@ void XlsxTable::Row(const RowView& row) {
     MakeRoom();
     std::vector<bool> inexact(mPlan.columns.size());
     mLines = 1;
-    for (std::size_t i = 0; i < mPlan.columns.size(); ++i)
-        inexact[i] = !WriteValue(i, row[static_cast<std::size_t>(mPlan.columns[i].field)], LookOf(i));
+    for (std::size_t i = 0; i < mPlan.columns.size(); ++i) {
+        const CellView& cell = row[static_cast<std::size_t>(mPlan.columns[i].field)];
+        inexact[i] = !WriteValue(i, cell, LookOf(i, cell));
+    }
     SetUpRow();
     Take(mReport, inexact);
     for (Scope& group : mGroups)

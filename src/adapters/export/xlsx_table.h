@@ -48,7 +48,7 @@ private:
     void MakeRoom();
     void SetUpRow();
     void NoteWidth(std::size_t column, std::size_t characters);
-    [[nodiscard]] CellLook LookOf(std::size_t column) const;
+    [[nodiscard]] CellLook LookOf(std::size_t column, const CellView& cell) const;
     bool WriteValue(std::size_t column, const CellView& cell, CellLook look);
     void WriteText(std::size_t column, std::string_view text, const CellLook& look);
     void WriteTotal(std::size_t column, const TotalsRow& totals, const CellLook& look);

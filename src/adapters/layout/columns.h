@@ -22,7 +22,6 @@ struct Column : report::Column {
     bool captionNamed = false; ///< code finds the caption by its name
     bool tinted = false;       ///< on a light tint from its caption to its total
     Span span;                 ///< from the template's right edge, padding included
-    std::optional<Emphasis> emphasis;
     std::optional<Bar> bar;
     bool grow = false;
     bool hideRepeated = false;

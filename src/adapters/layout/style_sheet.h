@@ -22,13 +22,7 @@ struct Stroke {
     report::Color color = 0;
 };
 
-/// How a cell looks whose value deserves to be seen.
-struct Emphasis {
-    report::Condition::Test test = report::Condition::Test::Filled;
-    report::Color color = 0;
-    std::optional<report::Color> ground;
-    bool bold = false;
-};
+using report::Emphasis;
 
 /// Where the text of a row stands.
 struct RowMeasure {

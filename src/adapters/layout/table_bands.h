@@ -23,7 +23,6 @@ struct Table {
 struct TotalWords : report::TotalWords {
     Place place;
     report::Align countAlign = report::Align::Right;
-    bool skipAlone = false; ///< a group's: left out behind a single row
 };
 /// `noun`: the word for a number of things.
 [[nodiscard]] std::string ReadNoun(TableReader& reader, const Workshop& shop);
