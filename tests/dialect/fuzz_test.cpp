@@ -1,14 +1,12 @@
 // A short run of the fuzzer: statements that are almost right, and bytes that are nothing.
 #include "dialect/fuzz_dialect.h"
+#include "tools/mutator.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdlib>
-#include <random>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace {
 
@@ -75,78 +73,6 @@ constexpr std::array<std::string_view, 62> Words = {
     "t.",     "INNER JOIN", "LEFT JOIN",   "RIGHT JOIN", "ON",        "GROUP BY", "HAVING",   "ORDER BY",
     "DESC",   "UNION",      "TOP 2",       "DISTINCT",   "[unknown]", "CDbl("};
 
-class Mutator {
-public:
-    explicit Mutator(unsigned seed) : mRandom(seed) {}
-
-    std::string Next() {
-        if (Below(20) == 0) return Bytes();
-        std::string text(Seeds.at(Below(Seeds.size())));
-        for (std::size_t turns = 1 + Below(4); turns > 0; --turns)
-            Change(text);
-        return text;
-    }
-
-private:
-    std::size_t Below(std::size_t limit) {
-        return std::uniform_int_distribution<std::size_t>(0, limit - 1)(mRandom);
-    }
-
-    std::string Bytes() {
-        std::string text(Below(200), ' ');
-        for (char& c : text)
-            c = static_cast<char>(Below(256));
-        return text;
-    }
-
-    // Whole words of the text, so that most changes still parse.
-    static std::vector<std::string> Pieces(const std::string& text) {
-        std::vector<std::string> pieces(1);
-        for (const char c : text) {
-            const bool mark = std::string_view(" ,()=&+-*/[].").find(c) != std::string_view::npos;
-            if (mark) pieces.emplace_back(1, c);
-            if (mark)
-                pieces.emplace_back();
-            else
-                pieces.back().push_back(c);
-        }
-        return pieces;
-    }
-
-    void Change(std::string& text) {
-        std::vector<std::string> pieces = Pieces(text);
-        const std::size_t at = Below(pieces.size());
-        const std::size_t other = Below(pieces.size());
-        switch (Below(7)) {
-        case 0:
-            pieces[at].clear();
-            break;
-        case 1:
-            std::swap(pieces[at], pieces[other]);
-            break;
-        case 2:
-            pieces[at] += " " + std::string(Words.at(Below(Words.size()))) + " ";
-            break;
-        case 3:
-            pieces[at] = " " + std::string(Words.at(Below(Words.size()))) + " ";
-            break;
-        case 4:
-            pieces[at] += pieces[other];
-            break;
-        case 5:
-            pieces.resize(at + 1);
-            break;
-        default:
-            if (!pieces[at].empty()) pieces[at][Below(pieces[at].size())] = static_cast<char>(Below(256));
-        }
-        text.clear();
-        for (const std::string& piece : pieces)
-            text += piece;
-    }
-
-    std::mt19937 mRandom;
-};
-
 void Feed(const std::string& text) {
     FuzzDialect(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
 }
@@ -157,14 +83,9 @@ TEST(Fuzz, SeedsAreTaken) {
 }
 
 TEST(Fuzz, NearStatementsAndBytesEndInWordsOrInAStatement) {
-    const char* given = std::getenv("QBRPT_FUZZ_SEED");
-    const unsigned seed =
-        given == nullptr ? 20'031U : static_cast<unsigned>(std::strtoul(given, nullptr, 10));
-    const char* turns = std::getenv("QBRPT_FUZZ_TURNS");
-    const long count = turns == nullptr ? 20'000 : std::strtol(turns, nullptr, 10);
-    std::printf("seed %u, %ld turns\n", seed, count);
-    Mutator mutator(seed);
-    for (long i = 0; i < count; ++i)
+    const qbrpt::test::FuzzRun run(20'000);
+    qbrpt::test::Mutator mutator(run.seed, Seeds, Words);
+    for (long i = 0; i < run.turns; ++i)
         Feed(mutator.Next());
 }
 
