@@ -45,7 +45,7 @@ TEST(Documents, EveryRoomIsInTheArchitecture) {
 
 TEST(Documents, LinksPointAtFiles) {
     static const std::regex link(R"re(\]\(([^)#:]+)\))re");
-    for (const char* name : {"README.md", "docs/architecture.md", "docs/dependencies.md", "docs/settings.md",
+    for (const char* name : {"README.md", "docs/architecture.md", "docs/dependencies.md", "docs/settings.md", "docs/layouts.md", "docs/testing.md",
                              "docs/performance.md"}) {
         const std::string text = ContentOf(Home / name);
         EXPECT_FALSE(text.empty()) << name;
