@@ -224,7 +224,8 @@ TEST_F(LiveReports, PrintOutAloneIsAllPagesOnce) {
 
 TEST_F(LiveReports, CsvHoldsTheBoundRows) {
     StringSink sink;
-    OutputOf(Filled("PayOutRpt", {{12.5, Date{45717.5}, std::string("a \"b\"")}})).WriteTable(TableKind::Csv, sink, {});
+    OutputOf(Filled("PayOutRpt", {{12.5, Date{45717.5}, std::string("a \"b\"")}}))
+        .WriteTable(TableKind::Csv, sink, {});
     EXPECT_EQ(sink.bytes, "\xEF\xBB\xBF"
                           "amount,pay_date,details\r\n12.5,2025-03-01 12:00:00,\"a \"\"b\"\"\"\r\n");
 }
