@@ -1,5 +1,6 @@
 // A café's own files stand before the built-in ones.
 #include "adapters/layout/library.h"
+#include "adapters/layout/picture_shelf.h"
 #include "base/failure.h"
 #include "templates/field_tables.h"
 
@@ -35,6 +36,11 @@ protected:
 
     void Write(const std::string& name, const std::string& text) const {
         std::ofstream(mFolder / (name + ".toml")) << text;
+    }
+    /// A picture file of the café: a built-in one under another name.
+    void WritePicture(const std::string& name) const {
+        const auto& picture = qbrpt::layout::BuiltInPictures().front();
+        std::ofstream(mFolder / name, std::ios::binary) << picture.bytes;
     }
     [[nodiscard]] auto Load(const std::string& name) const {
         return Library(mFolder.string()).Load(name, FactsOf(name).fields);
@@ -100,6 +106,46 @@ TEST_F(CafeLayouts, MissingSectionIsToldByName) {
 TEST_F(CafeLayouts, AnotherPageWidthIsRefused) {
     Write("PayOutRpt", Replace(BuiltIn("PayOutRpt"), "width_twips = 11178", "width_twips = 11000"));
     EXPECT_THAT(FailureOf("PayOutRpt"), testing::HasSubstr("\"width_twips\" must be 11178"));
+}
+
+TEST_F(CafeLayouts, ALogoStandsInTheHeadingOfReports) {
+    Write("house", "[logo]\nfile = \"sign.png\"\n");
+    WritePicture("sign.png");
+    for (const char* name : {"PayOutRpt", "MembersInfo", "UsageRpt"}) {
+        const auto definition = Load(name);
+        const auto* logo = FindObject(*definition, "logo");
+        ASSERT_NE(logo, nullptr) << name;
+        EXPECT_EQ(logo->right + logo->width, definition->width - 260) << "at the left edge";
+        EXPECT_NEAR(1.0 * logo->width / logo->height, 75.0 / 52, 0.05) << "in its proportions";
+        EXPECT_EQ(logo->image->width, 75);
+    }
+}
+
+TEST_F(CafeLayouts, ALogoTakesThePlaceOfTheCardsPictures) {
+    const auto drawing = FindObject(*Load("rptPPCards"), "CardPicture2")->image->rgba;
+    Write("house", "[logo]\nfile = \"sign.png\"\n");
+    WritePicture("sign.png");
+    const auto definition = Load("rptPPCards");
+    EXPECT_EQ(FindObject(*definition, "CardPicture1")->image, FindObject(*definition, "CardPicture2")->image);
+    EXPECT_NE(FindObject(*definition, "CardPicture2")->image->rgba, drawing);
+}
+
+TEST_F(CafeLayouts, AFileOfABuiltInPicturesNameStandsInItsPlace) {
+    WritePicture("card-picture-2.png");
+    const auto definition = Load("rptPPCards");
+    EXPECT_EQ(FindObject(*definition, "CardPicture1")->image->rgba,
+              FindObject(*definition, "CardPicture2")->image->rgba);
+}
+
+TEST_F(CafeLayouts, AMissingLogoIsToldWithItsFolder) {
+    Write("house", "[logo]\nfile = \"sgin.png\"\n");
+    EXPECT_THAT(FailureOf("PayOutRpt"), testing::StartsWith((Folder() / "house.toml").string() +
+                                                            ":2:8: there is no picture \"sgin.png\" in"));
+}
+
+TEST_F(CafeLayouts, ALogoThatIsNoPictureIsToldByName) {
+    Write("house", "[logo]\nfile = \"house.toml\"\n");
+    EXPECT_THAT(FailureOf("PayOutRpt"), testing::HasSubstr("house.toml: the picture cannot be read"));
 }
 
 TEST_F(CafeLayouts, AFolderInPlaceOfAFileIsToldClearly) {

@@ -1,5 +1,9 @@
 #include "adapters/layout/band.h"
 
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
 namespace qbrpt::layout {
 
 namespace {
@@ -43,6 +47,19 @@ void PutInRow(report::Object& object, Span span, const RowMeasure& row) {
     object.height = row.height;
     object.baseline = row.baseline;
     object.lineStep = row.lineStep;
+}
+
+void ShowPicture(report::Object& object, std::shared_ptr<const Picture> picture) {
+    const double wide = picture->width;
+    const double high = picture->height;
+    const double scale = std::min(object.width / wide, object.height / high);
+    const auto width = std::min(static_cast<report::Twips>(std::lround(wide * scale)), object.width);
+    const auto height = std::min(static_cast<report::Twips>(std::lround(high * scale)), object.height);
+    object.right += object.width - width;
+    object.top += (object.height - height) / 2;
+    object.width = width;
+    object.height = height;
+    object.image = std::move(picture);
 }
 
 Placed LineAcross(const std::string& name, const Stroke& stroke, Span span, report::Twips top,

@@ -36,8 +36,9 @@ struct Workshop {
     Mistakes& mistakes;
     const FieldBook& fields;
     const PictureShelf& pictures;
-    report::Twips width = 0;  ///< of the template
-    report::Twips margin = 0; ///< kept free at each side
+    report::Twips width = 0;               ///< of the template
+    report::Twips margin = 0;              ///< kept free at each side
+    std::shared_ptr<const Picture> logo{}; ///< the café's picture; null: it has none
     [[nodiscard]] report::Twips Content() const { return width - 2 * margin; }
 };
 
@@ -53,6 +54,9 @@ struct Span {
 /// Gives an object the cell of a table row: it fills the row's height and may grow by lines.
 void PutInRow(report::Object& object, Span span, const RowMeasure& row);
 void Dress(report::Object& object, const TextStyle& style);
+/// Shows `picture` in the object's place, as large as its proportions allow: at the place's left edge, in the
+/// middle of its height.
+void ShowPicture(report::Object& object, std::shared_ptr<const Picture> picture);
 [[nodiscard]] Placed LineAcross(const std::string& name, const Stroke& stroke, Span span, report::Twips top,
                                 const Place& place);
 [[nodiscard]] Placed TintedBox(const std::string& name, report::Color fill, Span span, report::Twips top,

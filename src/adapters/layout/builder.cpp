@@ -64,6 +64,7 @@ public:
     }
 
     BuiltLayout Build() {
+        mShop.logo = ReadLogo();
         BuildPageParts();
         BuildTableParts(mLayout, Needed(mLayout, "metrics", NodeKind::Table), mShop, mParts,
                         *mBuilt.definition);
@@ -85,10 +86,8 @@ public:
 private:
     void BuildPageParts() {
         const Node& forms = Needed(mLayout, "headings", NodeKind::Table);
-        const std::shared_ptr<const Picture> logo = ReadLogo();
         if (const Node* heading = mLayout.Child("heading", NodeKind::Table)) {
-            HeadingWords words = ReadHeading(*heading, mShop);
-            words.logo = logo;
+            const HeadingWords words = ReadHeading(*heading, mShop);
             mBuilt.definition->titleObject = TitleObjectOf(words);
             mParts["first-heading"] = HeadingBand(words, forms, mShop);
             mParts["later-heading"] = LaterHeadingBand(words, forms, mShop);

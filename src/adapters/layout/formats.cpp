@@ -101,11 +101,11 @@ ValueFormat ReadFormat(TableReader& reader, std::optional<FieldKind> kind) {
 }
 
 report::Condition::Test ReadTest(TableReader& reader) {
-    return reader.Choice<Test>("is", Tests, Test::Filled);
+    return reader.Choice<Test>("is", Tests, Test::Filled, "test");
 }
 
 Aggregate ReadAggregate(TableReader& reader) {
-    return reader.Choice<Aggregate>("of", Aggregates, Aggregate::Sum);
+    return reader.Choice<Aggregate>("of", Aggregates, Aggregate::Sum, "total");
 }
 
 ValueFormat UsualFormat(std::optional<FieldKind> kind) {

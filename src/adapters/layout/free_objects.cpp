@@ -4,6 +4,7 @@
 #include "adapters/layout/formats.h"
 
 #include <array>
+#include <utility>
 
 namespace qbrpt::layout {
 
@@ -68,13 +69,25 @@ void ReadShape(TableReader& reader, Object& object, const Workshop& shop) {
         reader.Wrong("stroke", "a line needs a \"stroke\"");
     }
     if (object.type == ObjectType::Line) {
-        object.when = reader.Choice<LineWhen>("draw", LineTimes, LineWhen::Always);
+        object.when = reader.Choice<LineWhen>("draw", LineTimes, LineWhen::Always, "time to draw a line");
         object.atBottom = reader.Flag("from_bottom");
         return;
     }
     if (reader.Has("fill")) object.fill = shop.styles.Color(reader.Text("fill"), reader.PlaceOf("fill"));
     if (object.stroke == 0 && !object.fill) reader.Wrong("fill", "a box needs a \"fill\" or a \"stroke\"");
     object.fullHeight = reader.Flag("full_height");
+}
+
+/// `logo = true`: the café's picture, where it has one, else that of `file`.
+void ReadPictureOf(TableReader& reader, Object& object, const Workshop& shop) {
+    std::shared_ptr<const Picture> picture;
+    if (reader.Has("file")) picture = shop.pictures.Find(reader.Text("file"), reader.PlaceOf("file"));
+    if (reader.Flag("logo") && shop.logo) picture = shop.logo;
+    if (!picture) return;
+    if (object.width > 0 && object.height > 0)
+        ShowPicture(object, std::move(picture));
+    else
+        reader.Wrong("file", "a picture needs a \"width\" and a \"height\", the largest that it may have");
 }
 
 void ReadKind(TableReader& reader, Object& object, const Workshop& shop) {
@@ -84,8 +97,7 @@ void ReadKind(TableReader& reader, Object& object, const Workshop& shop) {
         ReadShape(reader, object, shop);
         break;
     case ObjectType::Picture:
-        if (reader.Has("file"))
-            object.image = shop.pictures.Find(reader.Text("file"), reader.PlaceOf("file"));
+        ReadPictureOf(reader, object, shop);
         break;
     case ObjectType::Subreport:
         object.subreport = reader.RequiredText("subreport");

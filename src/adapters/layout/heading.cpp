@@ -1,8 +1,5 @@
 #include "adapters/layout/heading.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace qbrpt::layout {
 
 namespace {
@@ -66,7 +63,7 @@ std::string LaterText(std::string_view slotName, const Slot& slot) {
 class FormBuilder {
 public:
     FormBuilder(const HeadingWords& words, const Workshop& shop, bool later)
-        : mWords(words), mShop(shop), mLater(later), mLogo(words.logo) {
+        : mWords(words), mShop(shop), mLater(later) {
         mBand.kind = report::SectionKind::PageHeader;
         mBand.on = later ? report::OnPages::Later : report::OnPages::First;
     }
@@ -75,7 +72,7 @@ public:
         TableReader reader(form, "a heading form", mShop.mistakes);
         Twips baseline = 0;
         if (const Node* lines = reader.Child("lines", NodeKind::List)) AddLines(*lines, baseline);
-        if (!mLater && mLogo && mLogoBottom > mLogoTop) AddLogo(form.place);
+        if (!mLater && mShop.logo && mLogoBottom > mLogoTop) AddLogo(form.place);
         const Stroke stroke = mShop.styles.Line(reader.Text("stroke", "strong"), reader.PlaceOf("stroke"));
         const Twips rule = baseline + reader.Length("rule", 8);
         mBand.objects.push_back(LineAcross(mLater ? "later heading rule" : "heading rule", stroke,
@@ -107,18 +104,15 @@ private:
 
     /// The café's picture, at the left end of the lines that leave it room.
     void AddLogo(const Place& place) {
-        const double width = mLogo->width;
-        const double height = mLogo->height;
-        const double scale = std::min(mLogoRoom / width, (mLogoBottom - mLogoTop) / height);
         Placed logo{{}, place, false};
         report::Object& object = logo.object;
         object.name = "logo";
         object.type = report::ObjectType::Picture;
-        object.image = mLogo;
-        object.width = static_cast<Twips>(std::lround(width * scale));
-        object.height = static_cast<Twips>(std::lround(height * scale));
-        object.right = mShop.width - mShop.margin - object.width;
-        object.top = mLogoTop + (mLogoBottom - mLogoTop - object.height) / 2;
+        object.width = mLogoRoom;
+        object.height = mLogoBottom - mLogoTop;
+        object.right = mShop.width - mShop.margin - mLogoRoom;
+        object.top = mLogoTop;
+        ShowPicture(object, mShop.logo);
         mBand.objects.push_back(logo);
     }
 
@@ -148,7 +142,6 @@ private:
     const HeadingWords& mWords;
     const Workshop& mShop;
     bool mLater;
-    std::shared_ptr<const Picture> mLogo;
     Twips mLogoRoom = 0;
     Twips mLogoTop = 0;
     Twips mLogoBottom = 0; ///< 0: no line leaves room

@@ -4,7 +4,6 @@
 #include "adapters/layout/band.h"
 
 #include <map>
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -23,7 +22,6 @@ struct HeadingWords {
     std::string form;
     std::string laterForm;
     std::map<std::string, Slot, std::less<>> slots;
-    std::shared_ptr<const Picture> logo; ///< at the left end of the first page's heading; may be null
 };
 
 /// Reads `[heading]`.

@@ -31,10 +31,10 @@ public:
     /// A length in points, as twips; outside -2000 to 2000 points it is a mistake.
     [[nodiscard]] report::Twips Length(std::string_view key, double fallbackPoints = 0);
     [[nodiscard]] report::Twips RequiredLength(std::string_view key);
-    /// One of a fixed list of words.
+    /// One of a fixed list of words; `noun` says in descriptions what they are, where the key does not.
     template <class T>
     [[nodiscard]] T Choice(std::string_view key, std::span<const std::pair<std::string_view, T>> choices,
-                           T fallback) {
+                           T fallback, std::string_view noun = {}) {
         const Node* node = Take(key, NodeKind::Text);
         if (node == nullptr) return fallback;
         std::vector<std::string_view> words;
@@ -42,8 +42,8 @@ public:
             if (word == node->text) return value;
             words.push_back(word);
         }
-        mMistakes.Add(node->place,
-                      Quoted(node->text) + " is no " + std::string(key) + Suggestion(node->text, words));
+        mMistakes.Add(node->place, Quoted(node->text) + " is no " + std::string(noun.empty() ? key : noun) +
+                                       Suggestion(node->text, words));
         return fallback;
     }
     /// The node of a key of any kind, or null.
