@@ -70,6 +70,9 @@ void PageBuilder::Draw(const PlacedBand& band) {
     for (const CompiledObject& object : band.section.objects)
         mTextEnd.push_back(band.rightEdge - object.object->right);
     for (const std::size_t index : band.section.drawOrder) {
+        // One that shows nothing leaves its place to what follows it.
+        const std::size_t followed = band.section.objects[index].follows;
+        if (followed != NoIndex) mTextEnd[index] = mTextEnd[followed];
         if (SectionText::Shown(*band.section.objects[index].object, band.scope) &&
             !mMetrics.At(index).repeated)
             DrawObject(band, index);

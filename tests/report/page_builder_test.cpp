@@ -175,6 +175,20 @@ TEST(PageBuilder, ATextCanFollowAnother) {
     EXPECT_EQ(words[1].x + words[1].width, 2800);
 }
 
+TEST(PageBuilder, ATextThatFollowsAnEmptyOneTakesItsPlace) {
+    Object gone = TextObject("Gone", "", 50, 500);
+    gone.follows = "Caption";
+    Object hidden = TextObject("Hidden", "x", 50, 500);
+    hidden.follows = "Gone";
+    hidden.suppress = true;
+    Object unit = TextObject("Unit", "u", 50, 500);
+    unit.follows = "Hidden";
+    TestReport report(RowOf({TextObject("Caption", "abc", 0, 1000), gone, hidden, unit}), NumberedRows(1));
+    const auto words = ItemsOf(report, ItemKind::Word);
+    ASSERT_EQ(words.size(), 2U);
+    EXPECT_EQ(words[1].x + words[1].width, 2800);
+}
+
 TEST(PageBuilder, BarsAreAsWideAsTheirPart) {
     Object bar = Box("Bar", 0x0B3F4F);
     bar.barField = AmountField;

@@ -1,4 +1,5 @@
-// Pages of the layouts with groups, bars, cards and lists.
+// Pages of all layouts but the income sheets and the list of payments.
+#include "samples/list_rows.h"
 #include "samples/report_rows.h"
 #include "templates/golden_page.h"
 
@@ -61,6 +62,15 @@ const std::vector<Kind> Kinds = {
      5},
     {"rptPPCards", WithAddress("CafeNameText1", Cafe), false, samples::Cards, 7, 2, 40},
     {"rptPPCardsCov", WithAddress("CafeNameText2", Cafe), false, samples::Cards, 7, 2, 40},
+    {"MembersPay", WithAddress("HotelAddr2Text", "هاتف 011-4455667"), false, samples::MemberPayments, 24, 1,
+     5},
+    {"OutIncome", WithAddress("HeadTitleText", "الإيرادات الخارجية لشهر مارس 2025"), false, samples::Payments,
+     12, 1, 5},
+    {"rptAudit", WithAddress("HotelAddr2Text", "هاتف 011-4455667"), false, samples::AuditEvents, 22, 1, 7},
+    {"rptPrintLog", WithAddress("HeadTitleText", "تقرير بعمليات الطباعة لشهر مارس 2025"), false,
+     samples::PrintJobs, 20, 1, 8},
+    {"rptPPIncome", WithAddress("HeadTitleText", "البطاقات المسجلة في شهر يناير 2025"), false,
+     samples::CardList, 24, 1, 6},
     {"AccountRpt", {{"HeadTitleText", "حركة القيد الكلية"}}, false, samples::Entries, 22, 1, 7},
 };
 

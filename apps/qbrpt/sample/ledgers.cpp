@@ -30,13 +30,21 @@ Ledgers::Ledgers(Writer& writer, Random& random)
         accounts.Add(i + 1, AccountAt(i));
 }
 
+// Moments of a day as they are written down, one after the other.
+std::vector<int> Ledgers::Moments(int least, int most) {
+    std::vector<int> seconds(static_cast<std::size_t>(mRandom.Between(least, most)));
+    for (int& second : seconds)
+        second = mRandom.Between(Opening, Closing - 1);
+    std::sort(seconds.begin(), seconds.end());
+    return seconds;
+}
+
 void Ledgers::AddMoney(Day& day) {
-    for (int count = mRandom.Between(0, 3); count > 0; --count) {
-        const double moment = At(day.date, mRandom.Between(Opening, Closing - 1));
-        mPayOuts.Add(Money(25LL * mRandom.Between(8, 800)), moment, PayOutText(mRandom), day.work);
+    for (const int second : Moments(0, 3)) {
+        const double amount = Money(25LL * mRandom.Between(8, 800));
+        mPayOuts.Add(amount, At(day.date, second), PayOutText(mRandom), day.work);
     }
-    for (int count = mRandom.Between(0, 2); count > 0; --count) {
-        const int second = mRandom.Between(Opening, Closing - 1);
+    for (const int second : Moments(0, 2)) {
         const long long cents = 25LL * mRandom.Between(20, 600);
         mIncomes.Add(Money(cents), At(day.date, second), IncomeText(mRandom), day.work);
         day.ShiftAt(second).other += cents;
@@ -44,11 +52,12 @@ void Ledgers::AddMoney(Day& day) {
 }
 
 void Ledgers::Audit(const Day& day) {
-    for (int count = mRandom.Between(1, 4); count > 0; --count) {
+    for (const int second : Moments(1, 4)) {
         const int id = mNextAudit++;
-        mAudit.Add(id, At(day.date, mRandom.Between(Opening, Closing - 1)),
-                   mRandom.Between(1, AuditTagCount));
-        mAuditTexts.Add(id, SupervisorAt(mRandom.Between(0, SupervisorCount - 1)), AuditText(mRandom));
+        const int tag = mRandom.Between(0, AuditTagCount - 1);
+        mAudit.Add(id, At(day.date, second), tag + 1);
+        const std::string_view user = SupervisorAt(mRandom.Between(0, SupervisorCount - 1));
+        mAuditTexts.Add(id, user, AuditText(tag, mRandom));
     }
 }
 

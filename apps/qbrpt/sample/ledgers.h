@@ -8,6 +8,8 @@
 
 #include <array>
 
+#include <vector>
+
 namespace qbrpt::sample {
 
 class Ledgers {
@@ -20,6 +22,7 @@ public:
     void Close(const Day& day);
 
 private:
+    std::vector<int> Moments(int least, int most);
     void Audit(const Day& day);
     void Lines(const Day& day);
     void Transfer(int from, int to, long long cents, double moment, std::string_view text);

@@ -82,10 +82,18 @@ constexpr auto Documents = std::to_array<std::string_view>(
 constexpr auto PrinterNames =
     std::to_array<std::string_view>({"HP LaserJet 1200", "Canon i560 ملون", "EPSON LQ-300"});
 
-constexpr auto AuditTexts = std::to_array<std::string_view>(
-    {"من 0.05 إلى 0.06 للدقيقة", "سجل جهاز 4، الوقت 35 دقيقة، المبلغ 1.75", "تصحيح الاسم ورقم الهاتف",
-     "طلب العميل إلغاء الطباعة لأن الورق انتهى في وسط المستند، وأعيد المبلغ كاملا بعد موافقة المدير المناوب",
-     "دخول عادي", "انتهاء الوردية", "user's request"});
+/// What each kind of event says.
+constexpr std::array<std::array<std::string_view, 3>, AuditTagCount> AuditTexts{{
+    {"من 0.05 إلى 0.06 للدقيقة", "من 0.06 إلى 0.05 للدقيقة", "سعر خاص لجهاز VIP 1 بأمر المدير"},
+    {"سجل جهاز 4، الوقت 35 دقيقة، المبلغ 1.75", "سجل جهاز 7، الوقت 10 دقائق، المبلغ 0.50", "user's request"},
+    {"تصحيح الاسم ورقم الهاتف", "تمديد الاشتراك أسبوعًا", "تغيير كلمة المرور"},
+    {"طلب العميل إلغاء الطباعة لأن الورق انتهى في وسط المستند، وأعيد المبلغ كاملا بعد موافقة المدير المناوب",
+     "الفاتورة 1184، المبلغ 4.50", "الفاتورة 1207، طلب العميل"},
+    {"بداية الوردية", "دخول عادي", "بعد انقطاع الكهرباء"},
+    {"انتهاء الوردية", "خروج عادي", "استراحة"},
+    {"صرف نقود معدنية", "تسليم الوردية", "دفع للمورد"},
+    {"جهاز 3، تقديم 5 دقائق", "جهاز 6، بعد إعادة التشغيل", "جهاز 2، بعد تغيير البطارية"},
+}};
 
 constexpr auto Transfers =
     std::to_array<std::string_view>({"إيداع أسبوعي", "دفعة شهرية", "تسوية", "سلفة", ""});
@@ -147,8 +155,8 @@ std::string_view PrinterName(Random& random) {
     return random.Pick(PrinterNames);
 }
 
-std::string_view AuditText(Random& random) {
-    return random.Pick(AuditTexts);
+std::string_view AuditText(int tag, Random& random) {
+    return random.Pick(AuditTexts.at(static_cast<std::size_t>(tag)));
 }
 
 std::string_view TransferText(Random& random) {

@@ -49,7 +49,8 @@ constexpr int CardAccountCount = 3;
 [[nodiscard]] std::string_view IncomeText(Random& random);
 [[nodiscard]] std::string_view DocumentName(Random& random);
 [[nodiscard]] std::string_view PrinterName(Random& random);
-[[nodiscard]] std::string_view AuditText(Random& random);
+/// What an event of this kind says.
+[[nodiscard]] std::string_view AuditText(int tag, Random& random);
 [[nodiscard]] std::string_view TransferText(Random& random);
 
 } // namespace qbrpt::sample
