@@ -173,6 +173,28 @@ TEST_F(OwnLayouts, StandBeforeTheBuiltInOnes) {
     EXPECT_THAT(wrong.err, HasSubstr("none"));
 }
 
+TEST_F(OwnLayouts, MayAddAPicture) {
+    const auto picturesOn = [](const std::string& pdf) {
+        const std::string list = RunProgram({"pdfimages", "-list", pdf}).out;
+        return std::count(list.begin(), list.end(), '\n') - 2; // two lines of captions
+    };
+    ASSERT_EQ(Export().status, 0);
+    WriteContent(File("house.toml"), "[logo]\nfile = \"cup.png\"\n");
+    const ProgramResult missing = Qbrpt({"layouts", "check", File("OutIncome.toml")});
+    EXPECT_EQ(missing.status, 1);
+    EXPECT_THAT(missing.err, AllOf(StartsWith(File("house.toml") + ":2:8:"), HasSubstr("cup.png")));
+
+    fs::copy_file(QBRPT_SOURCE_DIR "/src/templates/pictures/card-picture-1.png", File("cup.png"));
+    EXPECT_EQ(Qbrpt({"layouts", "check", File("OutIncome.toml")}).status, 0);
+    ASSERT_EQ(Qbrpt({"layouts", "preview", File("OutIncome.toml"), "--pdf", File("p.pdf")}).status, 0);
+    EXPECT_GT(picturesOn(File("p.pdf")), 0);
+    const Cafe cafe;
+    ASSERT_EQ(cafe.Income({"--pdf", cafe.File("with.pdf"), "--layouts", Folder()}).status, 0);
+    EXPECT_GT(picturesOn(cafe.File("with.pdf")), 0);
+    ASSERT_EQ(cafe.Income({"--pdf", cafe.File("without.pdf")}).status, 0);
+    EXPECT_EQ(picturesOn(cafe.File("without.pdf")), 0);
+}
+
 TEST(LayoutsHelp, IsThereOnEveryLevel) {
     for (const std::vector<std::string>& words : {std::vector<std::string>{"layouts", "--help"},
                                                   {"layouts", "export", "--help"},
