@@ -72,6 +72,39 @@ TEST(Html, EmphasisFollowsTheValue) {
     EXPECT_THAT(page, HasSubstr("<td class=\"n k\">1.00</td></tr>")) << "the total stays as it is";
 }
 
+TEST(Html, ColoursAreThoseOfTheLayout) {
+    report::Definition definition = UseDefinition(false);
+    EXPECT_THAT(HtmlOf(JobOf(definition, {})),
+                HasSubstr(":root{--accent:#0B3F4F;--tint:#E4EBEE;--light:#F1F5F6}"));
+    report::Object rule;
+    rule.type = report::ObjectType::Line;
+    rule.stroke = 75;
+    rule.color = 0x7A2E0E;
+    definition.sections[0].objects.push_back(rule);
+    report::Object caption;
+    caption.name = "caption";
+    definition.columns[0].captionObject = caption.name;
+    report::Object box;
+    box.type = report::ObjectType::Box;
+    box.fill = 0xF3E9E2;
+    report::Section captions;
+    captions.kind = report::SectionKind::PageHeader;
+    captions.objects = {box, caption};
+    report::Section rows;
+    box.fill = 0xFAF5F1;
+    rows.objects = {box};
+    definition.sections.insert(definition.sections.end(), {captions, rows});
+    EXPECT_THAT(HtmlOf(JobOf(definition, {})),
+                HasSubstr(":root{--accent:#7A2E0E;--tint:#F3E9E2;--light:#FAF5F1}"));
+}
+
+TEST(Html, WithoutATitleTheHeadingGivesIt) {
+    const report::Definition definition = UseDefinition(false);
+    ExportJob job = JobOf(definition, {});
+    job.title.clear();
+    EXPECT_THAT(LinesOf(job), Contains("title: استخدام <الأجهزة>"));
+}
+
 TEST(Html, WithoutRowsThereIsAnEmptyTable) {
     const report::Definition definition = UseDefinition(true);
     EXPECT_THAT(LinesOf(JobOf(definition, {})), Contains("tbody.t | th[*2]المجموع 0 قيد | td[n] | td[n k]"));

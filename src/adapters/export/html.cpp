@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <string>
 #include <utility>
 
@@ -41,12 +40,6 @@ private:
     ByteSink& mSink;
     std::string mText;
 };
-
-std::string Hex(report::Color color) {
-    std::array<char, 8> text{};
-    std::snprintf(text.data(), text.size(), "#%06X", static_cast<unsigned>(color) & 0xFFFFFFU);
-    return text.data();
-}
 
 std::string AlignClassOf(const Column& column) {
     if (column.align == Align::Centre) return "c";
@@ -141,7 +134,7 @@ private:
         html += "<" + tag + (line.headingFace ? " class=\"kufi\"" : "") +
                 " style=\"font-size:" + std::to_string(static_cast<int>(line.size)) + "." +
                 std::to_string(static_cast<int>(line.size * 10) % 10) +
-                "pt;font-weight:" + (line.bold ? "700" : "400") + ";color:" + Hex(line.color) + "\">";
+                "pt;font-weight:" + (line.bold ? "700" : "400") + ";color:" + HtmlColor(line.color) + "\">";
         AppendCellText(html, line.text);
         html += "</" + tag + ">\n";
     }
@@ -178,8 +171,8 @@ private:
 
     void AddEmphasis(const report::Emphasis& emphasis) {
         std::string& html = mPage.Text();
-        html += " style=\"color:" + Hex(emphasis.color);
-        if (emphasis.ground) html += ";background:" + Hex(*emphasis.ground);
+        html += " style=\"color:" + HtmlColor(emphasis.color);
+        if (emphasis.ground) html += ";background:" + HtmlColor(*emphasis.ground);
         if (emphasis.bold) html += ";font-weight:700";
         html += '"';
     }
@@ -217,11 +210,12 @@ PaperExtent SheetOf(const ExportJob& job) {
     return sheet;
 }
 
-void AddHead(std::string& html, const ExportJob& job) {
+void AddHead(std::string& html, const ExportJob& job, const TablePlan& plan) {
     html += "<!DOCTYPE html>\n<html lang=\"ar\" dir=\"rtl\">\n<head>\n<meta charset=\"utf-8\">\n"
             "<meta name=\"viewport\" content=\"width=device-width\">\n<title>";
-    AppendEscaped(html, job.title);
-    html += "</title>\n<style>" + HtmlStyle(SheetOf(job)) + "</style>\n</head>\n<body>\n<main>\n";
+    AppendEscaped(html, plan.Title(job.title));
+    html +=
+        "</title>\n<style>" + HtmlStyle(plan.colors, SheetOf(job)) + "</style>\n</head>\n<body>\n<main>\n";
 }
 
 void AddFoot(std::string& html, const ExportJob& job) {
@@ -238,7 +232,7 @@ void AddFoot(std::string& html, const ExportJob& job) {
 
 void WriteHtml(ByteSink& sink, const ExportJob& job, const RowProgress& onProgress) {
     Page page(sink);
-    AddHead(page.Text(), job);
+    AddHead(page.Text(), job, PlanOf(*job.parts.front().definition));
     for (const ExportPart& part : job.parts) {
         const TablePlan plan = PlanOf(*part.definition);
         TablePage table(page, plan);

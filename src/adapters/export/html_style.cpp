@@ -1,5 +1,8 @@
 #include "adapters/export/html_style.h"
 
+#include <array>
+#include <cstdio>
+
 namespace qbrpt {
 
 namespace {
@@ -8,7 +11,7 @@ constexpr double TwipsInMillimetre = 1440 / 25.4;
 
 // Printers lay rows out anew, so lengths are points; what only a screen shows is measured in pixels.
 constexpr const char* Rules = R"(
-:root{--accent:#0B3F4F;--grey:#3C444B;--zero:#7A828A;--tint:#E4EBEE;--light:#F1F5F6;--hair:#A3ACB3}
+:root{--grey:#3C444B;--zero:#7A828A;--hair:#A3ACB3}
 *{box-sizing:border-box}
 body{margin:0;background:#8F979D;color:#000;font:9pt/1.35 "Noto Sans Arabic","Noto Sans","DejaVu Sans Condensed","DejaVu Sans",Tahoma,sans-serif;font-variant-numeric:lining-nums tabular-nums}
 main{width:fit-content;min-width:min(60rem,100%);margin:24px auto;padding:32px;background:#fff;box-shadow:0 2px 10px rgb(0 0 0/.35)}
@@ -50,8 +53,16 @@ std::string Millimetres(std::int32_t twips) {
 
 } // namespace
 
-std::string HtmlStyle(const PaperExtent& sheet) {
-    return Rules + std::string("@page{size:") + Millimetres(sheet.width) + " " + Millimetres(sheet.height) +
+std::string HtmlColor(report::Color color) {
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "#%06X", static_cast<unsigned>(color) & 0xFFFFFFU);
+    return text.data();
+}
+
+std::string HtmlStyle(const TableColors& colors, const PaperExtent& sheet) {
+    return Rules + std::string(":root{--accent:") + HtmlColor(colors.accent) +
+           ";--tint:" + HtmlColor(colors.tint) + ";--light:" + HtmlColor(colors.light) +
+           "}\n@page{size:" + Millimetres(sheet.width) + " " + Millimetres(sheet.height) +
            ";margin:12mm 9mm 14mm;@bottom-right{content:\"صفحة \" counter(page) \" من \" "
            "counter(pages);font:7.5pt \"Noto Sans Arabic\",sans-serif;color:#3C444B}}\n";
 }

@@ -89,6 +89,30 @@ std::vector<HeadingLine> HeadingOf(const report::Definition& definition) {
     return lines;
 }
 
+bool IsTint(const Object& object) {
+    return object.type == report::ObjectType::Box && object.fill && !object.showWhen && object.barField < 0;
+}
+
+bool IsRule(const Object& object) {
+    return object.type == report::ObjectType::Line && object.stroke > 0;
+}
+
+TableColors ColorsOf(const report::Definition& definition) {
+    TableColors colors;
+    bool accentFound = false;
+    for (const report::Section& section : definition.sections) {
+        const auto& objects = section.objects;
+        const auto tint = std::find_if(objects.begin(), objects.end(), IsTint);
+        const auto rule = std::find_if(objects.begin(), objects.end(), IsRule);
+        if (section.kind == report::SectionKind::Details && tint != objects.end()) colors.light = *tint->fill;
+        if (!StandsOnFirstPage(section)) continue;
+        if (!CaptionObjects(definition, section).empty() && tint != objects.end()) colors.tint = *tint->fill;
+        if (!accentFound && rule != objects.end()) colors.accent = rule->color;
+        accentFound = accentFound || rule != objects.end();
+    }
+    return colors;
+}
+
 } // namespace
 
 std::size_t TablePlan::WordColumns() const {
@@ -98,8 +122,12 @@ std::size_t TablePlan::WordColumns() const {
     return static_cast<std::size_t>(first - columns.begin());
 }
 
+std::string TablePlan::Title(const std::string& given) const {
+    return given.empty() && !heading.empty() ? heading.back().text : given;
+}
+
 TablePlan PlanOf(const report::Definition& definition) {
-    return {&definition, HeadingOf(definition), ColumnsOf(definition)};
+    return {&definition, ColorsOf(definition), HeadingOf(definition), ColumnsOf(definition)};
 }
 
 } // namespace qbrpt

@@ -17,13 +17,23 @@ struct HeadingLine {
     report::Color color = 0;
 };
 
+/// The colours in which the layout draws its table; those of the house where it draws none.
+struct TableColors {
+    report::Color accent = 0x0B3F4F; ///< strong rules, group headings
+    report::Color tint = 0xE4EBEE;   ///< captions, totals
+    report::Color light = 0xF1F5F6;  ///< key columns, subtotals
+};
+
 struct TablePlan {
     const report::Definition* definition = nullptr;
+    TableColors colors;
     std::vector<HeadingLine> heading;
     std::vector<report::Column> columns; ///< captions as they are now
 
     /// Columns before the first that has a sum or an average: the words of a total stand there.
     [[nodiscard]] std::size_t WordColumns() const;
+    /// The report's title, `given` or, where that is empty, the last line of the heading.
+    [[nodiscard]] std::string Title(const std::string& given) const;
 };
 
 /// The plan of a definition, which must outlive it. One without columns (cards) shows all its fields, under

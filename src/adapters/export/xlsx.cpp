@@ -18,7 +18,7 @@ std::string SheetNameOf(const TablePlan& plan, bool isReport) {
 
 void WriteXlsx(ByteSink& sink, const ExportJob& job, const RowProgress& onProgress,
                std::uint32_t rowsPerSheet) {
-    XlsxBook book({job.title, "", job.printedAt});
+    XlsxBook book({PlanOf(*job.parts.front().definition).Title(job.title), job.printedAt});
     for (const ExportPart& part : job.parts) {
         const TablePlan plan = PlanOf(*part.definition);
         XlsxTable table(book, job, plan, SheetNameOf(plan, &part == &job.parts.front()), rowsPerSheet);

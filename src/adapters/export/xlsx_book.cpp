@@ -18,7 +18,6 @@ namespace {
 constexpr std::size_t LongestSheetName = 31;
 constexpr double UnixDayZero = 25'569; // 1 January 1970
 constexpr double SecondsInDay = 86'400;
-constexpr std::uint32_t RuleColor = 0x0B3F4F;
 constexpr std::uint32_t HairColor = 0xA3ACB3;
 constexpr std::uint8_t RightToLeftReading = 2;
 
@@ -58,8 +57,8 @@ lxw_format_borders BorderOf(CellLook::Rule rule) {
     }
 }
 
-std::uint32_t ColorOf(CellLook::Rule rule) {
-    return rule == CellLook::Rule::Hair ? HairColor : RuleColor;
+std::uint32_t ColorOf(CellLook::Rule rule, const CellLook& look) {
+    return rule == CellLook::Rule::Hair ? HairColor : look.ruleColor;
 }
 
 void Dress(lxw_format* format, const CellLook& look) {
@@ -74,11 +73,11 @@ void Dress(lxw_format* format, const CellLook& look) {
     if (look.numberFormat.empty()) format_set_reading_order(format, RightToLeftReading);
     if (look.above != CellLook::Rule::None) {
         format_set_top(format, static_cast<std::uint8_t>(BorderOf(look.above)));
-        format_set_top_color(format, ColorOf(look.above));
+        format_set_top_color(format, ColorOf(look.above, look));
     }
     if (look.below != CellLook::Rule::None) {
         format_set_bottom(format, static_cast<std::uint8_t>(BorderOf(look.below)));
-        format_set_bottom_color(format, ColorOf(look.below));
+        format_set_bottom_color(format, ColorOf(look.below, look));
     }
 }
 
@@ -101,10 +100,8 @@ XlsxBook::XlsxBook(const BookFacts& facts)
     mBook.reset(workbook_new_opt(mFile.Path().c_str(), &options));
     if (!mBook) Refuse("there is no memory left.");
     std::string title = PlainText(facts.title);
-    std::string company = PlainText(facts.company);
     lxw_doc_properties properties{};
     properties.title = title.data();
-    properties.company = company.data();
     properties.created = static_cast<time_t>(std::llround((facts.madeAt - UnixDayZero) * SecondsInDay));
     CheckXlsx(workbook_set_properties(mBook.get(), &properties));
 }

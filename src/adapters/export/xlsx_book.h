@@ -22,6 +22,7 @@ struct CellLook {
     enum class Align : std::uint8_t { Right, Centre, Left } align = Align::Right;
     enum class Rule : std::uint8_t { None, Hair, Thin, Double } above = Rule::None, below = Rule::None;
     std::uint32_t color = 0;
+    std::uint32_t ruleColor = 0; ///< of rules that are no hairlines
     std::uint32_t fill = White;
     double size = 11; ///< points
     bool bold = false;
@@ -34,7 +35,6 @@ struct CellLook {
 /// What the file says about itself.
 struct BookFacts {
     std::string title;
-    std::string company;
     double madeAt = 0; ///< day number
 };
 

@@ -7,7 +7,6 @@
 #include <xlsxwriter.h>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace qbrpt {
@@ -17,10 +16,7 @@ namespace {
 using report::ValueFormat;
 using Rule = CellLook::Rule;
 
-constexpr std::uint32_t Accent = 0x0B3F4F;
 constexpr std::uint32_t Grey = 0x3C444B;
-constexpr std::uint32_t Tint = 0xE4EBEE;
-constexpr std::uint32_t LightTint = 0xF1F5F6;
 constexpr double CaptionSize = 10;
 constexpr std::size_t LeastWidth = 6;
 constexpr double LineHeight = 15; ///< points
@@ -45,17 +41,20 @@ CellLook::Align AlignOf(report::Align align) {
     }
 }
 
-/// How the rows of totals look, by TotalsRow::Kind.
-struct TotalsLook {
-    std::uint32_t fill;
-    std::uint32_t color;
-    Rule above;
-    Rule below;
-    bool bold;
-};
-constexpr std::array<TotalsLook, 3> TotalsLooks = {{{LightTint, 0, Rule::Thin, Rule::None, true},
-                                                    {Tint, 0, Rule::Thin, Rule::Double, true},
-                                                    {CellLook::White, Grey, Rule::None, Rule::None, false}}};
+/// How the rows of totals look.
+CellLook TotalsLook(TotalsRow::Kind kind, const TableColors& colors) {
+    CellLook look;
+    look.ruleColor = colors.accent;
+    if (kind == TotalsRow::Kind::Average) {
+        look.color = Grey;
+        return look;
+    }
+    look.bold = true;
+    look.above = Rule::Thin;
+    look.fill = kind == TotalsRow::Kind::Group ? colors.light : colors.tint;
+    if (kind == TotalsRow::Kind::Report) look.below = Rule::Double;
+    return look;
+}
 
 lxw_col_t Column(std::size_t index) {
     return static_cast<lxw_col_t>(index);
@@ -123,8 +122,9 @@ void XlsxTable::WriteTiers() {
     look.align = CellLook::Align::Centre;
     look.size = CaptionSize;
     look.bold = true;
-    look.color = Accent;
-    look.fill = Tint;
+    look.color = mPlan.colors.accent;
+    look.ruleColor = mPlan.colors.accent;
+    look.fill = mPlan.colors.tint;
     look.below = Rule::Thin;
     for (std::size_t first = 0; first < mPlan.columns.size();) {
         std::size_t end = first + 1;
@@ -150,7 +150,7 @@ void XlsxTable::WriteCaptions() {
         look.size = CaptionSize;
         look.bold = true;
         look.wrap = true;
-        look.fill = Tint;
+        look.fill = mPlan.colors.tint;
         const std::string caption =
             column.unit.empty() ? column.caption : column.caption + " (" + column.unit + ")";
         WriteText(i, caption, look);
@@ -192,7 +192,7 @@ CellLook XlsxTable::LookOf(std::size_t column, const CellView& cell) const {
     look.align = AlignOf(source.align);
     look.wrap = IsWords(source);
     look.bold = source.key;
-    look.fill = source.key ? LightTint : CellLook::White;
+    look.fill = source.key ? mPlan.colors.light : CellLook::White;
     look.below = Rule::Hair;
     if (source.emphasis && report::Holds(source.emphasis->test, cell)) {
         look.color = source.emphasis->color;
@@ -236,7 +236,8 @@ void XlsxTable::BeginGroup(std::size_t group, std::string_view heading) {
     MakeRoom();
     CellLook look;
     look.bold = true;
-    look.color = Accent;
+    look.color = mPlan.colors.accent;
+    look.ruleColor = mPlan.colors.accent;
     look.below = Rule::Thin;
     WriteText(0, WithoutIsolates(heading), look);
     for (std::size_t i = 1; i < mPlan.columns.size(); ++i)
@@ -284,13 +285,7 @@ XlsxTable::Scope& XlsxTable::ScopeOf(const TotalsRow& totals) {
 void XlsxTable::Totals(const TotalsRow& totals) {
     FilterRows();
     MakeRoom();
-    const TotalsLook& style = TotalsLooks[static_cast<std::size_t>(totals.kind)];
-    CellLook look;
-    look.fill = style.fill;
-    look.color = style.color;
-    look.above = style.above;
-    look.below = style.below;
-    look.bold = style.bold;
+    const CellLook look = TotalsLook(totals.kind, mPlan.colors);
     // The number of rows stands beside the label, where there is a column for it.
     const bool apart = mPlan.WordColumns() > 1;
     std::string label = WithoutIsolates(totals.label);

@@ -60,7 +60,9 @@ void AddCaptions(const Node& node, const Workshop& shop, report::Definition& def
         report::Column column;
         column.field = shop.fields.Find(entry.key, entry.place);
         column.caption = reader.Text(entry.key);
-        column.format = UsualFormat(shop.fields.KindOf(column.field));
+        const auto kind = shop.fields.KindOf(column.field);
+        // Without a format of its own a number stands as it is: a serial number has no thousands.
+        column.format = kind && IsNumberKind(*kind) ? report::ValueFormat::Text : UsualFormat(kind);
         column.align = UsualAlign(column.format);
         column.width = shop.Content() / static_cast<report::Twips>(node.entries.size());
         definition.columns.push_back(column);
