@@ -118,7 +118,7 @@ struct Object {
     /// Box: drawn from its right edge as wide as this field's part of `barFull`; -1: no bar.
     int barField = -1;
     double barFull = 1;
-    bool barToLargest = false; ///< the largest value of the report is full, whatever `barFull` says
+    bool barToLargest = false; ///< the largest of several rows' values is full, whatever `barFull` says
 
     std::shared_ptr<const qbrpt::Picture> image;
     std::string subreport;

@@ -28,8 +28,9 @@ double BarPart(const PlacedBand& band, const CompiledObject& bar) {
     if (!band.scope.row) return 0;
     const CellView& cell = (*band.scope.row)[static_cast<std::size_t>(object.barField)];
     if (cell.kind != ValueKind::Number && cell.kind != ValueKind::Whole) return 0;
-    const double full =
-        object.barToLargest && band.scope.whole ? band.scope.whole->Result(bar.total).number : object.barFull;
+    const double full = object.barToLargest && band.scope.whole && band.scope.rows > 1
+                            ? band.scope.whole->Result(bar.total).number
+                            : object.barFull;
     return full > 0 ? cell.number / full : 0;
 }
 

@@ -33,6 +33,8 @@ TEST(Bars, TheLargestValueOfTheReportIsFull) {
     for (const Item& item : ItemsOf(report, ItemKind::Fill))
         widths.push_back(item.width);
     EXPECT_THAT(widths, ElementsAre(250, 1000));
+    TestReport single(definition, {NamedRow("a", 0.125)});
+    EXPECT_EQ(ItemsOf(single, ItemKind::Fill)[0].width, 125) << "there is nothing to compare it with";
 }
 
 TEST(Conditions, CanBeTurnedRound) {

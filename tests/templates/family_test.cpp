@@ -64,6 +64,8 @@ const std::vector<Template> Family = {
     {"rptPPCardsCov", CardMembers, "1 2 3 4 5 6 7 8", CardObjects},
     {"AccountRpt", "ReportWidth SetTitle SetLogo Report_Initialize", "1 2 3 4 5 7 10 11 12",
      "HotelNameText HeadTitleText"},
+    {"SngAccountRpt", "ReportWidth SetTitle SetLogo Report_Initialize ShowAccountSection",
+     "1 2 3 4 5 7 10 11 12", "HotelNameText HeadTitleText AccountSubTitleText AccountAmountText"},
 };
 
 Names Words(const char* text) {
@@ -111,6 +113,29 @@ TEST_P(FamilyMember, HasTheObjectsThatCodeFinds) {
                   name.starts_with("CardPicture") ? report::ObjectType::Picture : report::ObjectType::Text)
             << name;
     }
+}
+
+TEST(Family, IsWhole) {
+    EXPECT_EQ(Family.size(), AllTemplates().size());
+}
+
+TEST(AccountOfOne, HasItsSidesAndTheReportInside) {
+    report::Definition definition = *layout::Library().Load("SngAccountRpt", FactsOf("SngAccountRpt").fields);
+    const auto kindOf = [&](const char* role) {
+        const report::Section* section = report::FindSection(definition, role);
+        return section == nullptr ? report::SectionKind::PageFooter : section->kind;
+    };
+    EXPECT_EQ(kindOf("AccountSection1"), report::SectionKind::GroupHeader);
+    EXPECT_EQ(kindOf("AccountSection2"), report::SectionKind::Details);
+    EXPECT_EQ(kindOf("AccountSection3"), report::SectionKind::GroupFooter);
+    EXPECT_EQ(kindOf("AccountSection4"), report::SectionKind::ReportFooter);
+    ASSERT_TRUE(definition.subreports.contains("rptFrom"));
+    Names sections;
+    for (const report::Section& section : definition.subreports.at("rptFrom")->sections)
+        sections.push_back(section.name);
+    EXPECT_THAT(sections, testing::ElementsAre("rptFrom_Section1", "rptFrom_Section3", "rptFrom_Section4",
+                                               "rptFrom_Section6", "rptFrom_Section7", "rptFrom_Section10"));
+    EXPECT_EQ(report::FindObject(definition, "rptFrom")->type, report::ObjectType::Subreport);
 }
 
 INSTANTIATE_TEST_SUITE_P(Templates, FamilyMember, testing::ValuesIn(Family),

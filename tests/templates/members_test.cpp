@@ -13,6 +13,7 @@
 #include "templates/PayOutRpt.h"
 #include "templates/SPVIncome.h"
 #include "templates/ServicesRpt.h"
+#include "templates/SngAccountRpt.h"
 #include "templates/UsageRpt.h"
 #include "templates/pcIncomeRpt.h"
 #include "templates/rptAudit.h"
@@ -138,6 +139,26 @@ TEST_F(Members, AccountsTakeNameAndTitle) {
     report.SetTitle("مقهى", "حركة");
     EXPECT_THAT(Written(), ElementsAre("member SetTitle(\"مقهى\", \"حركة\")", Wrote("HotelNameText", "مقهى"),
                                        Wrote("HeadTitleText", "حركة")));
+}
+
+TEST_F(Members, OneAccountTakesTitlesAndASum) {
+    SngAccountRpt report;
+    report.SetTitle("", "حركة", "ليوم", 1250);
+    EXPECT_THAT(Written(),
+                ElementsAre("member SetTitle(\"\", \"حركة\", \"ليوم\", 1250)", Wrote("HotelNameText", ""),
+                            Wrote("HeadTitleText", "حركة"), Wrote("AccountSubTitleText", "ليوم"),
+                            Wrote("AccountAmountText", "1,250.00")));
+}
+
+TEST_F(Members, OneAccountLeavesOutItsSides) {
+    SngAccountRpt report;
+    for (const char* side : {"AccountSection1", "AccountSection2", "AccountSection3", "AccountSection4"})
+        platform.runtime->latest.lock()->sections.push_back(std::make_shared<fakes::FakeSection>(side));
+    report.ShowAccountSection(true, false);
+    const std::string call = "CrystalRuntime.Section.SetSuppress(\"AccountSection";
+    EXPECT_THAT(log->LinesOf({"member", "CrystalRuntime.Section.SetSuppress"}),
+                ElementsAre("member ShowAccountSection(true, false)", call + "1\", true)",
+                            call + "2\", true)", call + "3\", true)", call + "4\", false)"));
 }
 
 TEST_F(Members, CafeNameStandsOnBothCards) {
