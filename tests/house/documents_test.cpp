@@ -43,10 +43,26 @@ TEST(Documents, EveryRoomIsInTheArchitecture) {
         }
 }
 
+TEST(Documents, EveryLayoutKeyIsExplained) {
+    static const std::regex asked(
+        R"re((?:Text|Flag|Number|Length|Child|Has|Choice<[^>]*>|ReadCondition|ReadAlign)\((?:reader, )?"([a-z_0-9]+)")re");
+    const std::string text = ContentOf(Home / "docs" / "layout-keys.md");
+    std::set<std::string> keys;
+    for (const auto& entry : fs::directory_iterator(Home / "src" / "adapters" / "layout")) {
+        const std::string source = ContentOf(entry.path());
+        for (std::sregex_iterator found(source.begin(), source.end(), asked), end; found != end; ++found)
+            keys.insert((*found)[1]);
+    }
+    EXPECT_GT(keys.size(), 80U) << "the search finds them";
+    for (const std::string& key : keys)
+        EXPECT_TRUE(std::regex_search(text, std::regex("\\b" + key + "\\b"))) << key;
+}
+
 TEST(Documents, LinksPointAtFiles) {
     static const std::regex link(R"re(\]\(([^)#:]+)\))re");
-    for (const char* name : {"README.md", "docs/architecture.md", "docs/dependencies.md", "docs/settings.md", "docs/layouts.md", "docs/testing.md",
-                             "docs/performance.md"}) {
+    for (const char* name :
+         {"README.md", "docs/architecture.md", "docs/dependencies.md", "docs/settings.md", "docs/layouts.md",
+          "docs/layout-keys.md", "docs/testing.md", "docs/performance.md"}) {
         const std::string text = ContentOf(Home / name);
         EXPECT_FALSE(text.empty()) << name;
         for (std::sregex_iterator found(text.begin(), text.end(), link), end; found != end; ++found)
