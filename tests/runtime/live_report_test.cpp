@@ -50,6 +50,46 @@ TEST_F(LiveReports, AnUnknownPaperIsA4) {
     EXPECT_EQ(report->NumberOfPages(), 5);
 }
 
+/// The table of a report as a file of this kind.
+std::string TableOf(const Ref<CrystalRuntime::Report>& report, TableKind kind) {
+    StringSink sink;
+    OutputOf(report).WriteTable(kind, sink, {});
+    return sink.bytes;
+}
+
+std::size_t CountOf(const std::string& text, const std::string& word) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + 1))
+        ++count;
+    return count;
+}
+
+TEST_F(LiveReports, RowsStandInTheOrderOfTheLayoutButInCsvFiles) {
+    UseRealText();
+    std::vector<fakes::Row> rows;
+    for (const char* name : {"ليلى ", "بدر ", "ليلى ", "بدر "})
+        rows.push_back({std::string(name), std::string("شهري"),
+                        Date{45000.5 - static_cast<double>(rows.size())}, Date{45000.75}, 30.0});
+    const auto report = Filled("MemberUseRpt", rows);
+    EXPECT_EQ(CountOf(TableOf(report, TableKind::Html), "مجموع بدر"), 1U)
+        << "a customer's rows stand together";
+    StringSink pages;
+    OutputOf(report).WritePdf(pages, {}, {});
+    EXPECT_EQ(CountOf(pdf::test::TextOf(pages.bytes), "جلستان"), 2U);
+    const std::string csv = TableOf(report, TableKind::Csv);
+    EXPECT_LT(csv.find("ليلى"), csv.find("بدر"));
+    EXPECT_LT(csv.find("بدر"), csv.rfind("ليلى"));
+}
+
+TEST_F(LiveReports, OtherRowsAreOrderedAnew) {
+    const auto report = Filled("MemberUseRpt", std::vector<fakes::Row>(2, {std::string("ب")}));
+    EXPECT_EQ(report->NumberOfPages(), 1);
+    report->SetDataSource(
+        std::make_shared<fakes::FakeRecordset>(std::vector<fakes::Row>(90, {std::string("ب")})), 3);
+    report->ReadRecords();
+    EXPECT_EQ(report->NumberOfPages(), 3);
+}
+
 TEST_F(LiveReports, SectionsAreCountedFromOneInTheirOrder) {
     const auto report = NewReport("IncomeGrpRpt");
     ASSERT_EQ(report->SectionCount(), 8);
