@@ -19,7 +19,8 @@ using Rule = CellLook::Rule;
 constexpr std::uint32_t Grey = 0x3C444B;
 constexpr double CaptionSize = 10;
 constexpr std::size_t LeastWidth = 6;
-constexpr double LineHeight = 15; ///< points
+constexpr double RowHeight = 18; ///< points; Arabic needs more than a spreadsheet gives by itself
+constexpr double LineHeight = 15;
 constexpr double MostHeight = 409;
 constexpr std::size_t FilterArrow = 3;
 // A page's figures stand on their points at 9; a screen's cells are larger.
@@ -73,6 +74,7 @@ XlsxTable::XlsxTable(XlsxBook& book, const ExportJob& job, const TablePlan& plan
 void XlsxTable::BeginSheet() {
     mSheet = mBook.AddSheet(mSheetName);
     mRow = 0;
+    worksheet_set_default_row(mSheet, RowHeight, LXW_FALSE);
     worksheet_gridlines(mSheet, LXW_HIDE_ALL_GRIDLINES);
     worksheet_outline_settings(mSheet, LXW_TRUE, LXW_TRUE, LXW_FALSE, LXW_FALSE);
     WriteHeading();
@@ -265,8 +267,7 @@ void XlsxTable::SetUpRow() {
     if (mGroups.empty() && mLines == 1) return;
     lxw_row_col_options outline{};
     outline.level = static_cast<std::uint8_t>(std::min<std::size_t>(mGroups.size(), 7));
-    const double height =
-        mLines == 1 ? LXW_DEF_ROW_HEIGHT : std::min(static_cast<double>(mLines) * LineHeight, MostHeight);
+    const double height = std::min(RowHeight + static_cast<double>(mLines - 1) * LineHeight, MostHeight);
     CheckXlsx(worksheet_set_row_opt(mSheet, mRow, height, nullptr, &outline));
 }
 
