@@ -63,7 +63,7 @@ protected:
     }
 
     static std::shared_ptr<const RowSource> Rows() {
-        return std::make_shared<fakes::MemoryRows>(samples::FullRows(GetParam().layout, GetParam().rows));
+        return std::make_shared<MemoryRows>(samples::FullRows(GetParam().layout, GetParam().rows));
     }
 
     /// Runs `check` with every page.

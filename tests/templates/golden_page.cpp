@@ -36,7 +36,7 @@ std::shared_ptr<const RowSource> InOrder(const MakeRows& make, const report::Def
     std::vector<database::RowOrder> order;
     for (const report::SortKey& key : definition.order)
         order.push_back({static_cast<std::size_t>(key.field), key.descending});
-    return database::SortRows(std::make_shared<fakes::MemoryRows>(make()), order);
+    return database::SortRows(std::make_shared<MemoryRows>(make()), order);
 }
 
 } // namespace

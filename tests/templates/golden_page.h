@@ -17,7 +17,7 @@
 
 namespace qbrpt {
 
-using MakeRows = std::function<std::vector<samples::Row>()>;
+using MakeRows = std::function<std::vector<Row>()>;
 
 struct Golden {
     const char* layout;

@@ -22,7 +22,7 @@ struct Kind {
     const char* layout;
     Texts texts;
     bool landscape;
-    std::vector<samples::Row> (*rows)(std::size_t);
+    std::vector<Row> (*rows)(std::size_t);
     std::size_t typical; ///< rows of a typical report
     std::size_t typicalPages;
     std::size_t manyPages; ///< of two hundred rows

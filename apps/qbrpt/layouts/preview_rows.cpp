@@ -1,6 +1,8 @@
 #include "layouts/preview_rows.h"
 
+#include "adapters/database/row_sort.h"
 #include "base/calendar.h"
+#include "samples/template_rows.h"
 
 #include <algorithm>
 #include <array>
@@ -88,11 +90,16 @@ private:
 } // namespace
 
 std::shared_ptr<const RowSource> PreviewRows(const report::Definition& definition, std::size_t count) {
-    const Maker maker(definition);
-    std::vector<Row> rows;
-    for (std::size_t row = 0; row < count; ++row)
-        rows.push_back(maker.Make(row));
-    return std::make_shared<MemoryRows>(std::move(rows));
+    std::vector<Row> rows = samples::RowsFor(definition.name, count);
+    if (rows.empty()) {
+        const Maker maker(definition);
+        for (std::size_t row = 0; row < count; ++row)
+            rows.push_back(maker.Make(row));
+    }
+    std::vector<database::RowOrder> order;
+    for (const report::SortKey& key : definition.order)
+        order.push_back({static_cast<std::size_t>(key.field), key.descending});
+    return database::SortRows(std::make_shared<MemoryRows>(std::move(rows)), order, {}, {});
 }
 
 } // namespace qbrpt::layouts

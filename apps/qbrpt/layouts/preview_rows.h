@@ -9,8 +9,9 @@
 
 namespace qbrpt::layouts {
 
-/// Made-up rows for the fields of a layout: names, days, amounts, durations, as its columns show them;
-/// rows of one group stand together. The same on every run.
+/// Sample rows of the layout's template. For any other layout they are made up after the kinds of its fields:
+/// names, days, amounts, durations, as its columns show them; rows of one group stand together. The same on
+/// every run.
 [[nodiscard]] std::shared_ptr<const RowSource> PreviewRows(const report::Definition& definition,
                                                            std::size_t count);
 

@@ -1,15 +1,13 @@
 // Rows for the pages of templates, in the order of their field tables.
 #pragma once
 
-#include "fakes/memory_rows.h"
+#include "base/memory_rows.h"
 
 #include <cstddef>
 #include <string>
 #include <vector>
 
 namespace qbrpt::samples {
-
-using fakes::Row;
 
 /// Twenty days of a café in March 2025; on one of them the counts were not taken.
 [[nodiscard]] std::vector<Row> IncomeMonth();
