@@ -88,16 +88,7 @@ Moment MomentToTheSecond(double dayNumber) {
     Moment next = moment;
     ++next.second;
     const double nextNumber = DayNumberOf(next);
-    // The calendar ends with the last second of 9999.
     return nextNumber > static_cast<double>(LastDay) + 1 - 1e-9 ? moment : MomentOf(nextNumber);
-}
-
-Moment ClockMomentOf(double dayNumber) {
-    Moment moment = MomentOf(dayNumber);
-    if (moment.millisecond == 0) return moment;
-    moment.second += moment.millisecond > 500 ? 1 : 0;
-    moment.millisecond = 0;
-    return MomentOf(DayNumberOf(moment));
 }
 
 double DayNumberOf(const Moment& moment) {

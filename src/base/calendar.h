@@ -23,13 +23,9 @@ struct Moment {
 /// years 100 to 9999.
 [[nodiscard]] Moment MomentOf(double dayNumber);
 
-/// MomentOf to the whole second, as dates stand in words: a moment less than half a second before a
-/// minute belongs to that minute, and to its day.
+/// MomentOf to the whole second, as people read it: a moment less than half a second before a second belongs
+/// to that second, and so to its minute and its day. The calendar ends with the last second of 9999.
 [[nodiscard]] Moment MomentToTheSecond(double dayNumber);
-
-/// The same to the whole second, as a clock shows it: what lies less than half a second before a second
-/// belongs to that second.
-[[nodiscard]] Moment ClockMomentOf(double dayNumber);
 
 /// The day number of a moment; the inverse of MomentOf.
 [[nodiscard]] double DayNumberOf(const Moment& moment);

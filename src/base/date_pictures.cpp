@@ -231,7 +231,7 @@ std::string FormatDate(double dayNumber, std::string_view picture, const Calenda
             break;
         }
     }
-    return DatePrinter(ClockMomentOf(dayNumber), picture, names).Print();
+    return DatePrinter(MomentToTheSecond(dayNumber), picture, names).Print();
 }
 
 bool IsDatePicture(std::string_view picture) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <variant>
 
@@ -29,6 +30,22 @@ enum class ValueKind : std::uint8_t { Null, Boolean, Whole, Number, Date, Text }
 }
 [[nodiscard]] inline bool IsNull(const Value& value) {
     return KindOf(value) == ValueKind::Null;
+}
+
+/// The number of a boolean (true is -1), a number or a date; nothing for null and for a text.
+[[nodiscard]] inline std::optional<double> NumberIn(const Value& value) {
+    switch (KindOf(value)) {
+    case ValueKind::Boolean:
+        return std::get<bool>(value) ? -1 : 0;
+    case ValueKind::Whole:
+        return static_cast<double>(std::get<std::int64_t>(value));
+    case ValueKind::Number:
+        return std::get<double>(value);
+    case ValueKind::Date:
+        return std::get<Date>(value).number;
+    default:
+        return std::nullopt;
+    }
 }
 
 } // namespace qbrpt

@@ -20,21 +20,10 @@ namespace {
 } // namespace
 
 std::string TextOf(const Value& value) {
-    switch (KindOf(value)) {
-    case ValueKind::Null:
-        return {};
-    case ValueKind::Boolean:
-        return std::get<bool>(value) ? "-1" : "0";
-    case ValueKind::Whole:
-        return std::to_string(std::get<std::int64_t>(value));
-    case ValueKind::Number:
-        return DecimalText(std::get<double>(value));
-    case ValueKind::Date:
-        return DecimalText(std::get<Date>(value).number);
-    case ValueKind::Text:
-        return std::get<std::string>(value);
-    }
-    return {};
+    if (const auto* whole = std::get_if<std::int64_t>(&value)) return std::to_string(*whole);
+    if (const auto* text = std::get_if<std::string>(&value)) return *text;
+    const std::optional<double> number = NumberIn(value);
+    return number ? DecimalText(*number) : std::string();
 }
 
 std::optional<double> ParseNumber(std::string_view text) {
@@ -54,22 +43,11 @@ std::optional<double> ParseNumber(std::string_view text) {
 }
 
 double NumberOf(const Value& value) {
-    switch (KindOf(value)) {
-    case ValueKind::Null:
-        return 0;
-    case ValueKind::Boolean:
-        return std::get<bool>(value) ? -1 : 0;
-    case ValueKind::Whole:
-        return static_cast<double>(std::get<std::int64_t>(value));
-    case ValueKind::Number:
-        return std::get<double>(value);
-    case ValueKind::Date:
-        return std::get<Date>(value).number;
-    case ValueKind::Text:
-        break;
-    }
-    const std::optional<double> number = ParseNumber(std::get<std::string>(value));
-    if (!number) RaiseMismatch(std::get<std::string>(value), "number");
+    if (IsNull(value)) return 0;
+    if (const std::optional<double> number = NumberIn(value)) return *number;
+    const auto& text = std::get<std::string>(value);
+    const std::optional<double> number = ParseNumber(text);
+    if (!number) RaiseMismatch(text, "number");
     return *number;
 }
 

@@ -39,7 +39,7 @@ Interval IntervalOf(const Value& value) {
 }
 
 Moment MomentOfValue(const Value& value) {
-    return ClockMomentOf(DayOf(value));
+    return MomentToTheSecond(DayOf(value));
 }
 
 Value Checked(double dayNumber) {

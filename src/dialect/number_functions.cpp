@@ -1,5 +1,6 @@
 #include "base/decimal.h"
 #include "base/failure.h"
+#include "base/leading_number.h"
 #include "base/numbers.h"
 #include "dialect/convert.h"
 #include "dialect/function_groups.h"
@@ -88,34 +89,8 @@ Value IsNumeric(Arguments a, const FunctionWorld&) {
     return WholeValue(text != nullptr ? ParseNumber(*text).has_value() : !IsNull(a[0]));
 }
 
-// The number at the head of a text, blanks apart; 0 where there is none.
 Value HeadNumber(Arguments a, const FunctionWorld&) {
-    std::string plain;
-    for (const char c : TextOf(a[0])) {
-        if (c != ' ' && c != '\t' && c != '\n' && c != '\r') plain.push_back(c);
-    }
-    std::size_t end = 0;
-    bool point = false;
-    bool digits = false;
-    const auto isDigit = [&plain](std::size_t at) {
-        return at < plain.size() && plain[at] >= '0' && plain[at] <= '9';
-    };
-    if (end < plain.size() && (plain[end] == '-' || plain[end] == '+')) ++end;
-    for (; end < plain.size() && (isDigit(end) || (plain[end] == '.' && !point)); ++end) {
-        point = point || plain[end] == '.';
-        digits = digits || isDigit(end);
-    }
-    if (!digits) return 0.0;
-    if (end < plain.size() && FoldLetter(plain[end]) == 'e') {
-        const std::size_t sign =
-            end + 1 < plain.size() && (plain[end + 1] == '-' || plain[end + 1] == '+') ? 1 : 0;
-        if (isDigit(end + 1 + sign)) {
-            end += 1 + sign;
-            while (isDigit(end))
-                ++end;
-        }
-    }
-    return ParseNumber(std::string_view(plain).substr(0, end)).value_or(0.0);
+    return Finite(LeadingNumber(TextOf(a[0])));
 }
 
 constexpr auto Functions = std::to_array<ScalarFunction>({

@@ -25,17 +25,6 @@ double NumberOf(const CellView& value) {
                : value.number;
 }
 
-// A time less than half a second before a minute belongs to that minute: a stored 09:59:59.8 was meant
-// as ten o'clock.
-Moment PrintedMoment(double dayNumber) {
-    Moment moment = MomentOf(dayNumber);
-    if (moment.second < 59 || moment.millisecond <= 500) return moment;
-    moment.second = 60;
-    moment.millisecond = 0;
-    const double next = DayNumberOf(moment);
-    return IsCalendarDay(next) ? MomentOf(next) : MomentOf(dayNumber);
-}
-
 void PutTime(FigureText& out, const Moment& moment) {
     out.PutNumber(static_cast<std::uint64_t>(moment.minute), 2);
     out.Put(':');
@@ -97,7 +86,7 @@ ValueText ValueWriter::Number(double number, ValueFormat format) {
 
 ValueText ValueWriter::DateOf(double dayNumber, ValueFormat format) {
     if (!IsCalendarDay(dayNumber)) return {};
-    const Moment moment = PrintedMoment(dayNumber);
+    const Moment moment = MomentToTheSecond(dayNumber);
     mFigures.Clear();
     if (format != ValueFormat::Date) PutTime(mFigures, moment);
     if (format == ValueFormat::DateTime) mFigures.Put(' ');

@@ -36,21 +36,9 @@ std::partial_ordering CompareVariants(const Value& one, const Value& other) {
 }
 
 double NumberOf(const Value& value) {
-    switch (KindOf(value)) {
-    case ValueKind::Null:
-        RaiseNull();
-    case ValueKind::Boolean:
-        return std::get<bool>(value) ? -1 : 0;
-    case ValueKind::Whole:
-        return static_cast<double>(std::get<std::int64_t>(value));
-    case ValueKind::Number:
-        return std::get<double>(value);
-    case ValueKind::Date:
-        return std::get<Date>(value).number;
-    case ValueKind::Text:
-        return NumberOfText(std::get<std::string>(value));
-    }
-    RaiseNull();
+    if (IsNull(value)) RaiseNull();
+    if (const std::optional<double> number = NumberIn(value)) return *number;
+    return NumberOfText(std::get<std::string>(value));
 }
 
 std::string TextOf(const Value& value) {

@@ -61,10 +61,10 @@ TEST(Moment, ComesBackFromItsDayNumber) {
 
 TEST(ClockMoment, BelongsToTheSecondThatIsLessThanHalfASecondAway) {
     const double ten = 37787.416666666664;
-    EXPECT_EQ(Text(ClockMomentOf(ten - 0.499 / 86400)), "2003-06-15 10:00:00.000 0");
-    EXPECT_EQ(Text(ClockMomentOf(ten - 0.5 / 86400)), "2003-06-15 09:59:59.000 0");
-    EXPECT_EQ(Text(ClockMomentOf(ten + 0.4 / 86400)), "2003-06-15 10:00:00.000 0");
-    EXPECT_EQ(Text(ClockMomentOf(37788 - 0.2 / 86400)), "2003-06-16 00:00:00.000 1");
+    EXPECT_EQ(Text(MomentToTheSecond(ten - 0.499 / 86400)), "2003-06-15 10:00:00.000 0");
+    EXPECT_EQ(Text(MomentToTheSecond(ten - 0.5 / 86400)), "2003-06-15 09:59:59.000 0");
+    EXPECT_EQ(Text(MomentToTheSecond(ten + 0.4 / 86400)), "2003-06-15 10:00:00.000 0");
+    EXPECT_EQ(Text(MomentToTheSecond(37788 - 0.2 / 86400)), "2003-06-16 00:00:00.000 1");
 }
 
 TEST(DaysFromCivil, CarriesMonthsAndDays) {

@@ -96,9 +96,8 @@ def times(left, right):
 
 
 def moment_of(number):
-    """The moment of a day number, to the nearest second."""
-    milliseconds = whole(number * 86_400_000)
-    seconds = (milliseconds + 500) // 1000
+    """The moment of a day number, to the nearest second; half a second still belongs to the one before."""
+    seconds = (whole(number * 86_400_000) + 499) // 1000
     return datetime.datetime(1899, 12, 30) + datetime.timedelta(seconds=seconds)
 
 

@@ -30,15 +30,9 @@ void AppendPadded(std::string& line, int number, int digits) {
     line += text;
 }
 
-/// A moment to the nearest second; bound rows hold no date outside the calendar.
+/// Bound rows hold no date outside the calendar.
 void AppendDate(std::string& line, double dayNumber) {
-    Moment moment = MomentOf(dayNumber);
-    const bool lastOfAll = moment.year == 9999 && moment.month == 12 && moment.day == 31;
-    if (moment.millisecond >= 500 && !lastOfAll) {
-        moment.millisecond = 0;
-        ++moment.second;
-        moment = MomentOf(DayNumberOf(moment));
-    }
+    const Moment moment = MomentToTheSecond(dayNumber);
     AppendPadded(line, moment.year, 4);
     line += '-';
     AppendPadded(line, moment.month, 2);
