@@ -1,6 +1,7 @@
 #include "dialect/translate.h"
 
 #include "dialect/binder.h"
+#include "dialect/date_uses.h"
 #include "dialect/emitter.h"
 #include "dialect/parser.h"
 #include "dialect/rewrite.h"
@@ -18,6 +19,7 @@ Translation TranslateForSqlite(std::string_view text, const Catalogue& catalogue
     translation.kind = statement.kind;
     translation.parameters = binder.Parameters();
     if (statement.kind == StatementKind::Select) translation.columns = statement.query->columns;
+    translation.dates = DatesLookedAt(statement);
     translation.sql = Emitter(binder).Emit(statement);
     return translation;
 }

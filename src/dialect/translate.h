@@ -26,11 +26,19 @@ struct OutputColumn {
     ValueKind kind = ValueKind::Null; ///< inferred; Null where any kind may come
 };
 
+struct DateColumn {
+    std::string table; ///< both in the database's own spelling
+    std::string column;
+};
+
 struct Translation {
     StatementKind kind = StatementKind::Select;
     std::string sql; ///< for SQLite; parameter n is written ?n+1
     std::vector<Parameter> parameters;
     std::vector<OutputColumn> columns; ///< of a SELECT
+    /// The dates that it compares, sorts by, works with or stores. A text in one of them would change the
+    /// rows in silence; a text in any other date that a SELECT names comes out and is seen.
+    std::vector<DateColumn> dates;
 };
 
 /// Translates one statement for SQLite. Raises a Failure that says what is wrong and where: line, column

@@ -213,6 +213,8 @@ TEST_F(Queries, TextInADateColumnIsRefusedWithItsNameAndARemedy) {
     }
     EXPECT_EQ(Rows("SELECT id FROM members WHERE id = 1"), "1\n")
         << "a table that is not named does not matter";
+    EXPECT_EQ(Rows("SELECT pay_date FROM pay_out WHERE amount = 1 ORDER BY pay_date"), "#37787#\n")
+        << "nor does a row that is not asked for";
     Outsider(mFile).Run(
         "UPDATE pay_out SET pay_date = julianday(pay_date) - 2415018.5 WHERE typeof(pay_date) = 'text'");
     EXPECT_EQ(Rows("SELECT pay_date FROM pay_out ORDER BY amount"), "#37787#\n#37787#\n");

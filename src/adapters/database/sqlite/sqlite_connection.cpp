@@ -38,7 +38,7 @@ SqliteConnection::~SqliteConnection() = default;
 dialect::Translation SqliteConnection::Translate(std::string_view statement) {
     mSchema.BeginStatement();
     dialect::Translation translation = dialect::TranslateForSqlite(statement, mSchema);
-    mSchema.CheckDates();
+    mSchema.CheckDates(translation.dates);
     return translation;
 }
 

@@ -115,38 +115,44 @@ const dialect::Table* SqliteSchema::FindTable(std::string_view name) const {
     return &entry.table;
 }
 
-void SqliteSchema::CheckDates() {
+void SqliteSchema::CheckDates(const std::vector<dialect::DateColumn>& dates) {
     const bool all = std::any_of(mTables.begin(), mTables.end(),
                                  [](const auto& each) { return each.second.asked && each.second.isView; });
-    for (auto& [name, entry] : mTables)
-        if ((entry.asked || all) && !entry.checked && !entry.isView) CheckDates(entry);
+    for (auto& [name, entry] : mTables) {
+        if (entry.isView || (!all && !entry.asked)) continue;
+        if (!entry.read) ReadColumns(entry);
+        std::vector<std::string> columns;
+        for (const dialect::Column& column : entry.table.columns) {
+            const auto isThis = [&](const dialect::DateColumn& date) {
+                return date.table == entry.table.name && date.column == column.name;
+            };
+            const bool wanted =
+                all ? column.kind == ValueKind::Date : std::any_of(dates.begin(), dates.end(), isThis);
+            if (wanted && !entry.checked.contains(column.name)) columns.push_back(column.name);
+        }
+        if (!columns.empty()) CheckDates(entry, columns);
+    }
 }
 
-void SqliteSchema::CheckDates(Entry& entry) const {
-    if (!entry.read) ReadColumns(entry);
-    std::vector<const dialect::Column*> dates;
-    std::string columns;
+void SqliteSchema::CheckDates(Entry& entry, const std::vector<std::string>& columns) const {
+    std::string list;
     std::string condition;
-    for (const dialect::Column& column : entry.table.columns) {
-        if (column.kind != ValueKind::Date) continue;
-        const std::string name = Quoted(column.name);
-        columns += (dates.empty() ? "" : ", ") + name;
+    for (const std::string& column : columns) {
+        const std::string name = Quoted(column);
+        list += (list.empty() ? "" : ", ") + name;
         // Every text stands behind every number, and this costs half of what asking for the type does.
-        condition += (dates.empty() ? "" : " OR ") + name + " >= ''";
-        dates.push_back(&column);
+        condition += (condition.empty() ? "" : " OR ") + name + " >= ''";
     }
-    if (!dates.empty()) {
-        SqliteStatement statement(mHandle,
-                                  "SELECT " + columns + " FROM " + entry.schema + "." +
-                                      Quoted(entry.table.name) + " WHERE " + condition + " LIMIT 1",
-                                  "");
-        RowView row;
-        if (statement.Step(row))
-            for (std::size_t i = 0; i < dates.size(); ++i)
-                if (row[i].kind == ValueKind::Text)
-                    throw TextInDateColumn(entry.table.name + "." + dates[i]->name, row[i].text);
-    }
-    entry.checked = true;
+    SqliteStatement statement(mHandle,
+                              "SELECT " + list + " FROM " + entry.schema + "." + Quoted(entry.table.name) +
+                                  " WHERE " + condition + " LIMIT 1",
+                              "");
+    RowView row;
+    if (statement.Step(row))
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            if (row[i].kind == ValueKind::Text)
+                throw TextInDateColumn(entry.table.name + "." + columns[i], row[i].text);
+    entry.checked.insert(columns.begin(), columns.end());
 }
 
 std::optional<std::string> SqliteSchema::SavedQuery(std::string_view name) const {

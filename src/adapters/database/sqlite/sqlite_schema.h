@@ -2,12 +2,14 @@
 #pragma once
 
 #include "dialect/catalogue.h"
+#include "dialect/translate.h"
 
 #include <sqlite3.h>
 
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -26,9 +28,9 @@ public:
     /// Forgets what it knows if the database has other tables or columns now. Begins a statement: the
     /// tables that FindTable is asked for are counted from here on.
     void BeginStatement();
-    /// Raises BadColumn when a date column of a table that was asked for holds text. Every table is looked
-    /// through once; a view stands for all tables, since what lies behind it is not known.
-    void CheckDates();
+    /// Raises BadColumn when one of these columns holds text. Every column is looked through once. A view
+    /// that was asked for stands for all dates of all tables, since what lies behind it is not known.
+    void CheckDates(const std::vector<dialect::DateColumn>& dates);
 
     [[nodiscard]] const dialect::Table* FindTable(std::string_view name) const override;
     [[nodiscard]] std::optional<std::string> SavedQuery(std::string_view name) const override;
@@ -38,10 +40,10 @@ private:
         dialect::Table table;
         std::string schema; ///< "main" or "temp"
         bool isView = false;
-        bool read = false;    ///< the columns have been read
-        bool checked = false; ///< the dates have been looked through
-        bool asked = false;   ///< named by the statement at hand
-        std::string problem;  ///< why the columns cannot be read: a view over something that is gone
+        bool read = false;             ///< the columns have been read
+        bool asked = false;            ///< named by the statement at hand
+        std::string problem;           ///< why the columns cannot be read: a view over something that is gone
+        std::set<std::string> checked; ///< dates that have been looked through
     };
 
     using Versions = std::pair<std::int64_t, std::int64_t>; ///< of the lasting and the temporary tables
@@ -49,7 +51,7 @@ private:
     [[nodiscard]] Versions ReadVersions() const;
     void ReadTables() const;
     void ReadColumns(Entry& entry) const;
-    void CheckDates(Entry& entry) const;
+    void CheckDates(Entry& entry, const std::vector<std::string>& columns) const;
 
     sqlite3* mHandle;
     mutable std::map<std::string, Entry, std::less<>> mTables; ///< by folded name
