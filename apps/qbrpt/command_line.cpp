@@ -60,7 +60,6 @@ void AddOptions(CLI::App& command, MemberCall& call, Typed& typed) {
     command.add_option("--on-error", typed.onError, "the answer to error boxes: cancel or retry")
         ->check(CLI::IsMember({"cancel", "retry"}))
         ->type_name("ANSWER");
-    command.footer(ExitHelp);
 }
 
 void RefuseSameFile(const OutputFiles& files) {
@@ -161,6 +160,8 @@ Request ReadCommandLine(int count, const char* const* words) {
         members[command] = &member;
         AddArguments(*command, member, typed[command]);
         AddOptions(*command, call, typed[command]);
+        command->footer(member.more.empty() ? std::string{ExitHelp}
+                                            : member.more + "\n\n" + std::string{ExitHelp});
     }
     try {
         application.parse(count, words);

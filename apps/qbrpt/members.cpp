@@ -157,7 +157,10 @@ std::vector<Member> PreviewMembers() {
          "Subscriptions of the subscribers",
          Outcome::Report,
          {{"szParam", Kind::Text, "a condition with its word WHERE; empty to be asked", ""}},
-         CallOf(&VantlowCls::PrintMembersInfo)},
+         CallOf(&VantlowCls::PrintMembersInfo),
+         "The condition calls the tables members (id, name) and members_info (accountname, begindate, "
+         "totaltime,\n"
+         "membertime, ended, paid, remin), for instance: \"WHERE members_info.remin > 0\""},
         {"PrintUsersIncome",
          "Income by supervisor",
          Outcome::Report,
@@ -166,13 +169,22 @@ std::vector<Member> PreviewMembers() {
         {"PrintPPCards",
          "Prepaid cards to cut out",
          Outcome::Report,
-         {{"szSQL", Kind::Text, "the query"}},
-         CallOf(&VantlowCls::PrintPPCards)},
+         {{"szSQL", Kind::Text, "a SELECT with two cards a row"}},
+         CallOf(&VantlowCls::PrintPPCards),
+         "The columns of the query, in this order: account; serial number, identifier and password of the "
+         "first\n"
+         "card; the same of the second. Without a second card these three are Null."},
         {"PrintPPInfo",
          "A list of prepaid cards",
          Outcome::Report,
-         {{"szSQL", Kind::Text, "the query"}, {"szCaption", Kind::Text, "the title"}},
-         CallOf(&VantlowCls::PrintPPInfo)},
+         {{"szSQL", Kind::Text, "a SELECT with a card a row"},
+          {"szCaption", Kind::Text, "the title; empty for the layout's own"}},
+         CallOf(&VantlowCls::PrintPPInfo),
+         "The columns of the query, in this order: number, name, disabled and registered of the card's "
+         "kind;\n"
+         "number, serial text, disabled, first used, expired, minutes bought, type, minutes used and expiry "
+         "of\n"
+         "the card."},
         {"PrintAudit", "The audit trail", Outcome::Report, {}, CallOf(&VantlowCls::PrintAudit)},
         {"PrintPrintLog",
          "The log of print jobs",

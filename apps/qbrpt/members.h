@@ -33,6 +33,7 @@ struct Member {
     std::vector<MemberArgument> arguments;
     /// Calls the member; the arguments are complete and of the right kinds. Returns the text of an answer.
     std::function<std::string(VantlowCls& object, std::span<const Argument> arguments)> call;
+    std::string more{}; ///< what a caller must know beyond the arguments
 };
 
 /// In the order of the interface. `SetDatabase` is missing: no text can stand for an open database.

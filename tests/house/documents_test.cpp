@@ -62,7 +62,7 @@ TEST(Documents, LinksPointAtFiles) {
     static const std::regex link(R"re(\]\(([^)#:]+)\))re");
     for (const char* name :
          {"README.md", "docs/architecture.md", "docs/dependencies.md", "docs/settings.md", "docs/layouts.md",
-          "docs/layout-keys.md", "docs/testing.md", "docs/performance.md"}) {
+          "docs/layout-keys.md", "docs/reports.md", "docs/testing.md", "docs/performance.md"}) {
         const std::string text = ContentOf(Home / name);
         EXPECT_FALSE(text.empty()) << name;
         for (std::sregex_iterator found(text.begin(), text.end(), link), end; found != end; ++found)

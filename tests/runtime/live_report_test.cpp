@@ -171,6 +171,13 @@ TEST_F(LiveReports, TextsAreWrittenAndReadBack) {
     EXPECT_EQ(OutputOf(report).Title(), "عنوان {pages}");
 }
 
+TEST_F(LiveReports, ATitleOfAFormatEventIsKnownBeforeThePages) {
+    const auto report = NewReport("rptPPIncome");
+    report->OnFormat("Section2", [&report] { report->ObjectNamed("HeadTitleText")->SetText("بطاقات"); });
+    EXPECT_EQ(OutputOf(report).Title(), "بطاقات");
+    EXPECT_EQ(report->PrintingStatus(), 0);
+}
+
 TEST_F(LiveReports, TheLayoutsOwnTitleStandsUntilThen) {
     EXPECT_EQ(OutputOf(NewReport("PayOutRpt")).Title(), "المصروفات الخارجية");
 }

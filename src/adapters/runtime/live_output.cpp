@@ -13,9 +13,16 @@
 
 namespace qbrpt {
 
+// A title may be written while its section is formatted: whoever asks before the pages gets that one, too.
 std::string LiveReport::Title() {
-    const report::Object* title = report::FindObject(mState->definition, mState->definition.titleObject);
-    return title == nullptr ? std::string() : title->text;
+    const std::string& name = mState->definition.titleObject;
+    for (const report::Section& section : mState->definition.sections)
+        for (const report::Object& object : section.objects) {
+            if (object.name != name) continue;
+            if (section.formatEvent && mState->formattingPage == 0) RunFormatHandler(section, 1);
+            return object.text;
+        }
+    return {};
 }
 
 std::int32_t LiveReport::PageCount() {
