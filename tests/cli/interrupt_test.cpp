@@ -62,25 +62,34 @@ private:
     int mHandle = -1;
 };
 
-class InterruptOfAReport : public ::testing::TestWithParam<int> {};
+struct Interrupted {
+    const char* table; ///< goes into the pipe
+    int signal;
+};
+class InterruptOfAReport : public ::testing::TestWithParam<Interrupted> {};
 
 TEST_P(InterruptOfAReport, LeavesNothingHalfWritten) {
     const Cafe cafe(6000, 1);
     const SlowReader reader(cafe.File("pipe"));
     ChildProcess command(CommandOf({"PrintIncome", "0", "0", "0", "--db", cafe.Database(), "--pdf",
-                                    cafe.File("i.pdf"), "--csv", cafe.File("pipe"), "--on-error", "retry"}));
+                                    cafe.File("i.pdf"), "--xlsx", cafe.File("i.xlsx"), GetParam().table,
+                                    cafe.File("pipe"), "--on-error", "retry"}));
     // The table's first bytes are in the pipe: its writer is in the middle of the work.
     ASSERT_TRUE(Soon([&] { return reader.Take() > 0; })) << command.ErrSoFar();
-    command.Signal(GetParam());
+    command.Signal(GetParam().signal);
     ASSERT_TRUE(Soon([&] { return reader.Take() == 0 && !command.Running(); }));
     const ProgramResult result = command.Wait();
-    EXPECT_EQ(result.status, 128 + GetParam());
+    EXPECT_EQ(result.status, 128 + GetParam().signal);
     EXPECT_THAT(result.err, IsEmpty()) << "the user knows that he stopped it";
     EXPECT_THAT(cafe.Names(), ElementsAre("café 1.db", "pipe"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Signals, InterruptOfAReport, ::testing::Values(SIGINT, SIGTERM, SIGHUP),
-                         [](const auto& row) { return "Signal" + std::to_string(row.param); });
+INSTANTIATE_TEST_SUITE_P(Signals, InterruptOfAReport,
+                         ::testing::Values(Interrupted{"--csv", SIGINT}, Interrupted{"--csv", SIGTERM},
+                                           Interrupted{"--csv", SIGHUP}, Interrupted{"--html", SIGINT}),
+                         [](const auto& row) {
+                             return std::string{row.param.table + 2} + std::to_string(row.param.signal);
+                         });
 
 TEST(Interrupt, OfAPrintLeavesNothing) {
     const Cafe cafe(20'000, 1);

@@ -99,6 +99,24 @@ TEST_F(AccountReport, ASubreportWithoutRowsShowsNothing) {
     EXPECT_THAT(PagesOf(account), Not(HasSubstr(Outgoing)));
 }
 
+TEST_F(AccountReport, TablesShowBothSides) {
+    SngAccountRpt account;
+    account.ShowAccountSection(false, false);
+    Fill(account.Report(), 3);
+    Fill(From(account), 2);
+    account.SetTitle("", "حركة القيد الخاصة بحساب الصندوق", "ليوم السبت 01 مارس 2025", 11935);
+    StringSink page;
+    OutputOf(account.Report()).WriteTable(TableKind::Html, page, {});
+    EXPECT_THAT(page.bytes,
+                AllOf(HasSubstr("حركة القيد الخاصة بحساب الصندوق"), HasSubstr(">الوارد إلى الحساب<"),
+                      HasSubstr(">من حساب<"), HasSubstr(">الصادر من الحساب<"), HasSubstr(">إلى حساب<")));
+    StringSink book;
+    OutputOf(account.Report()).WriteTable(TableKind::Xlsx, book, {});
+    EXPECT_THAT(book.bytes,
+                AllOf(HasSubstr("xl/worksheets/sheet1.xml"), HasSubstr("xl/worksheets/sheet2.xml"),
+                      Not(HasSubstr("xl/worksheets/sheet3.xml"))));
+}
+
 TEST_F(AccountReport, ASubreportOutlivedByItsObjectIsAFailure) {
     Ref<CrystalRuntime::ReportObject> object;
     {

@@ -11,7 +11,11 @@ constexpr const char* FurtherSheet = "جدول";
 
 std::string SheetNameOf(const TablePlan& plan, bool isReport) {
     if (isReport) return ReportSheet;
-    return plan.heading.empty() ? FurtherSheet : plan.heading.back().text;
+    if (!plan.heading.empty()) return plan.heading.back().text;
+    // A list bears its heading as that of one group of all rows.
+    const auto& groups = plan.definition->groups;
+    const bool isList = !groups.empty() && groups.front().field < 0 && !groups.front().heading.empty();
+    return isList ? groups.front().heading : FurtherSheet;
 }
 
 } // namespace
