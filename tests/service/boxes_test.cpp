@@ -215,6 +215,26 @@ TEST_F(ServiceTest, AFailingRowTestEntersTheBranchAfterRetry) {
     EXPECT_THAT(platform.runtime->made, SizeIs(1));
 }
 
+// The box of a report without rows is a statement like any other.
+TEST_F(ServiceTest, ABoxThatCannotBeShownIsToldInTheNext) {
+    GiveDatabase();
+    db->Answer("FROM (members_payment", {});
+    db->Answer("From members AS mm", {});
+    class BrokenBox final : public PortObserver {
+        void Called(const PortCall& call) override {
+            if (call.operation == "MsgBox" && ++mBoxes % 2 == 1)
+                throw Failure(FailureNumber::Device, "no box");
+        }
+        int mBoxes = 0;
+    };
+    fakes::FakePlatform::Observe(std::make_shared<BrokenBox>());
+    cls.PrintMembersIncom(5, 9);
+    cls.PrintMembersInfo("WHERE 1");
+    EXPECT_THAT(platform.messages->boxes,
+                ::testing::ElementsAre(ShownBox{"no box", 21, "qbrpt"}, ShownBox{"no box", 21, "qbrpt"}));
+    EXPECT_THAT(platform.runtime->made, IsEmpty());
+}
+
 TEST_F(ServiceTest, AFailingGuardGoesOnAfterRetryAndLeavesAfterCancel) {
     GiveDatabase();
     platform.printers->count = 40'000;

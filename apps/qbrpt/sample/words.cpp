@@ -130,8 +130,12 @@ std::string_view CardAccountAt(int index) {
 
 std::string PersonName(Random& random) {
     if (random.Chance(4)) return std::string(random.Pick(LatinNames));
-    std::string name(random.Pick(FirstNames));
-    if (random.Chance(40)) name.append(" ").append(random.Pick(FirstNames));
+    const std::string_view first = random.Pick(FirstNames);
+    std::string name(first);
+    if (random.Chance(40)) {
+        const std::string_view second = random.Pick(FirstNames);
+        if (second != first) name.append(" ").append(second);
+    }
     return name.append(" ").append(random.Pick(FamilyNames));
 }
 
