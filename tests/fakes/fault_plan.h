@@ -1,8 +1,11 @@
 // What a failing call must lead to, worked out from the calls of a run without a fault.
 #pragma once
 
+#include "fakes/fake_desktop.h"
 #include "platform/desktop.h"
 #include "platform/printing.h"
+
+#include <gmock/gmock.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -12,6 +15,14 @@
 #include <vector>
 
 namespace qbrpt::fakes {
+
+/// What one faulty run left behind.
+struct FaultOutcome {
+    std::size_t failed = 0; ///< calls
+    std::vector<ShownBox> boxes;
+    Pointer pointer = Pointer::Default;
+    std::int16_t orientation = 0;
+};
 
 /// Positions count port calls from 1, as FaultObserver does.
 class FaultPlan {
@@ -42,6 +53,24 @@ public:
     [[nodiscard]] bool InFontPass(std::size_t position) const {
         return position > Last("CrystalRuntime.Runtime.NewReport(") &&
                position + 1 < Last("CrystalRuntime.Section.Height(");
+    }
+
+    /// Looks whether a run in which only this call failed, and in which every box got this answer, ended as
+    /// it must.
+    void ExpectEnd(std::size_t position, BoxAnswer answer, const FaultOutcome& outcome) const {
+        EXPECT_EQ(outcome.failed, 1U);
+        const bool passedOver = IsSilent(position) || (InFontPass(position) && outcome.boxes.empty());
+        if (passedOver)
+            EXPECT_THAT(outcome.boxes, testing::IsEmpty());
+        else if (answer == BoxAnswer::Cancel)
+            EXPECT_THAT(outcome.boxes, testing::SizeIs(1));
+        else
+            EXPECT_FALSE(outcome.boxes.empty());
+        EXPECT_THAT(outcome.boxes,
+                    testing::Each(testing::Field(&ShownBox::style, BoxStyle::CriticalRetryCancel)));
+        EXPECT_EQ(outcome.pointer, PointerAfter(position, outcome.pointer));
+        EXPECT_EQ(outcome.orientation,
+                  OrientationAfter(position, answer == BoxAnswer::Cancel && !passedOver));
     }
 
     /// The pointer at the end: the default one, unless just that call failed.

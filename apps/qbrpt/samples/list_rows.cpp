@@ -1,6 +1,7 @@
 #include "samples/list_rows.h"
 
 #include "base/calendar.h"
+#include "samples/make_rows.h"
 
 #include <array>
 
@@ -34,14 +35,6 @@ std::string Pick(const Words& words, std::size_t i) {
 Date Moment(std::size_t i) {
     return Date{static_cast<double>(DaysFromCivil(2025, 3, 1)) + static_cast<double>(i / 6) + 0.4 +
                 static_cast<double>(i % 6) * 0.09};
-}
-
-template <class Make>
-std::vector<Row> Rows(std::size_t count, Make make) {
-    std::vector<Row> rows;
-    for (std::size_t i = 0; i < count; ++i)
-        rows.push_back(make(i));
-    return rows;
 }
 
 } // namespace

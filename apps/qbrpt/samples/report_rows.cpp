@@ -1,6 +1,7 @@
 #include "samples/report_rows.h"
 
 #include "base/calendar.h"
+#include "samples/make_rows.h"
 
 #include <array>
 #include <cmath>
@@ -41,14 +42,6 @@ std::string Pick(const std::array<const char*, N>& words, std::size_t i) {
 
 std::string HostName(std::size_t number) {
     return (number < 10 ? "جهاز 0" : "جهاز ") + std::to_string(number);
-}
-
-template <class Make>
-std::vector<Row> Rows(std::size_t count, Make make) {
-    std::vector<Row> rows;
-    for (std::size_t i = 0; i < count; ++i)
-        rows.push_back(make(i));
-    return rows;
 }
 
 Value FullValue(const Field& field, std::size_t row) {

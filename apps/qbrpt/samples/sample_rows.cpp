@@ -3,6 +3,7 @@
 #include "base/calendar.h"
 #include "base/calendar_names.h"
 #include "base/utf8.h"
+#include "samples/make_rows.h"
 
 #include <array>
 #include <cstdint>
@@ -67,15 +68,6 @@ constexpr std::array<MonthDay, 20> Month = {{
 Value CountOf(int count) {
     if (count < 0) return Null{};
     return std::int64_t{count};
-}
-
-/// The first `count` rows that `make` gives.
-template <class Make>
-std::vector<Row> Rows(std::size_t count, Make make) {
-    std::vector<Row> rows;
-    for (std::size_t i = 0; i < count; ++i)
-        rows.push_back(make(i));
-    return rows;
 }
 
 Date At(double dayNumber) {
