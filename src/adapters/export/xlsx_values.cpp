@@ -1,6 +1,7 @@
 #include "adapters/export/xlsx_values.h"
 
 #include "adapters/export/plain_text.h"
+#include "base/calendar.h"
 #include "base/utf8.h"
 
 #include <algorithm>
@@ -14,7 +15,6 @@ using report::ValueFormat;
 
 constexpr std::size_t MostLetters = 32'767;
 constexpr double MinutesInDay = 1440;
-constexpr double SecondsInDay = 86'400;
 // Spreadsheets count a 29 February 1900; from here on their days are ours.
 constexpr double FirstCommonDay = 61;
 constexpr double LargestExact = 1e15;
@@ -144,7 +144,7 @@ SheetValue SheetValues::Day(double number, const CellView& cell, const report::C
     if (!shown) return Words(cell, column);
     SheetValue value;
     value.kind = SheetValue::Kind::Number;
-    value.number = std::round(number * SecondsInDay) / SecondsInDay;
+    value.number = DayNumberOf(MomentToTheSecond(number));
     value.numberFormat = DayFormatOf(format);
     value.characters = format == ValueFormat::Date ? 10 : format == ValueFormat::Time ? 5 : 16;
     return value;
