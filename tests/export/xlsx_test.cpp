@@ -72,6 +72,15 @@ TEST(Xlsx, RowsGoOnOnFurtherSheets) {
     EXPECT_THAT(lines, Contains(HasSubstr("/(SUBTOTAL(2,'التقرير'!D4:D7)+")));
 }
 
+TEST(Xlsx, AGroupThatGoesOnBearsItsHeadingAgain) {
+    const report::Definition definition = UseDefinition(true);
+    const std::vector<fakes::Row> rows(5, UseRow("7", 45717, 1.0, 1.0, "a"));
+    const auto lines = SheetOf(JobOf(definition, rows), 7);
+    EXPECT_THAT(lines,
+                IsSupersetOf({"A4 s General 'جهاز 7'", "A4 s General 'جهاز 7 (تابع)'", "A5 s General 'a'"}));
+    EXPECT_THAT(lines, Contains("D7 f #,##0.00 \"=SUBTOTAL(9,'التقرير'!D5:D7)+SUBTOTAL(9,D5:D6)\" -> 5"));
+}
+
 TEST(Xlsx, ASubreportHasASheetOfItsOwn) {
     const report::Definition definition = UseDefinition(false);
     report::Definition inside = UseDefinition(false);

@@ -17,6 +17,7 @@ using report::ValueFormat;
 using Rule = CellLook::Rule;
 
 constexpr std::uint32_t Grey = 0x3C444B;
+constexpr const char* Continued = " (تابع)";
 constexpr double CaptionSize = 10;
 constexpr std::size_t LeastWidth = 6;
 constexpr double RowHeight = 18; ///< points; Arabic needs more than a spreadsheet gives by itself
@@ -178,10 +179,11 @@ void XlsxTable::FilterRows() {
     CheckXlsx(worksheet_autofilter(mSheet, mCaptionRow, 0, rows.last, Column(mPlan.columns.size() - 1)));
 }
 
-void XlsxTable::MakeRoom() {
-    if (mRow < mRowLimit) return;
+bool XlsxTable::MakeRoom() {
+    if (mRow < mRowLimit) return false;
     FinishSheet();
     BeginSheet();
+    return true;
 }
 
 void XlsxTable::NoteWidth(std::size_t column, std::size_t characters) {
@@ -234,21 +236,28 @@ bool XlsxTable::WriteValue(std::size_t column, const CellView& cell, CellLook lo
 
 void XlsxTable::BeginGroup(std::size_t group, std::string_view heading) {
     std::fill(mGroups.begin() + static_cast<std::ptrdiff_t>(group), mGroups.end(), FreshScope());
+    mGroups[group].heading = SheetText(WithoutIsolates(heading));
     if (heading.empty()) return;
     MakeRoom();
+    WriteGroupHeading(mGroups[group].heading);
+}
+
+void XlsxTable::WriteGroupHeading(const std::string& heading) {
     CellLook look;
     look.bold = true;
     look.color = mPlan.colors.accent;
     look.ruleColor = mPlan.colors.accent;
     look.below = Rule::Thin;
-    WriteText(0, WithoutIsolates(heading), look);
+    WriteText(0, heading, look);
     for (std::size_t i = 1; i < mPlan.columns.size(); ++i)
         WriteText(i, "", look);
     ++mRow;
 }
 
 void XlsxTable::Row(const RowView& row) {
-    MakeRoom();
+    if (MakeRoom())
+        for (const Scope& group : mGroups)
+            if (!group.rows.empty() && !group.heading.empty()) WriteGroupHeading(group.heading + Continued);
     std::vector<bool> inexact(mPlan.columns.size());
     mLines = 1;
     for (std::size_t i = 0; i < mPlan.columns.size(); ++i) {

@@ -36,6 +36,7 @@ private:
     struct Scope {
         std::vector<Stretch> rows;
         std::vector<bool> inexact; ///< by column: some values are texts, which no formula adds up
+        std::string heading{};     ///< of a group
     };
 
     void BeginSheet();
@@ -45,7 +46,9 @@ private:
     void WriteHeading();
     void WriteTiers();
     void WriteCaptions();
-    void MakeRoom();
+    /// Goes on on a further sheet where this one is full, and says whether it did.
+    bool MakeRoom();
+    void WriteGroupHeading(const std::string& heading);
     void SetUpRow();
     void NoteWidth(std::size_t column, std::size_t characters);
     [[nodiscard]] CellLook LookOf(std::size_t column, const CellView& cell) const;
@@ -54,7 +57,7 @@ private:
     void WriteTotal(std::size_t column, const TotalsRow& totals, const CellLook& look);
     [[nodiscard]] Scope& ScopeOf(const TotalsRow& totals);
     void Take(Scope& scope, const std::vector<bool>& inexact);
-    [[nodiscard]] Scope FreshScope() const { return {{}, std::vector<bool>(mPlan.columns.size())}; }
+    [[nodiscard]] Scope FreshScope() const { return {{}, std::vector<bool>(mPlan.columns.size()), {}}; }
 
     XlsxBook& mBook;
     const ExportJob& mJob;
