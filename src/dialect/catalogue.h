@@ -18,7 +18,8 @@ struct Column {
 struct Table {
     std::string name; ///< in the database's own spelling
     std::vector<Column> columns;
-    bool hasRowOrder = true; ///< false for views
+    bool hasRowOrder = true;                       ///< false for views
+    std::vector<std::vector<std::string>> indexes; ///< the columns of each that holds all rows, in its order
 };
 
 class Catalogue {

@@ -80,6 +80,28 @@ Conditions TotalsPass::CommonConditions() const {
     return common;
 }
 
+// Along an index that holds all that is read the rows come in the order of their keys; along any other one
+// each would be fetched from another place of the table.
+bool TotalsPass::LiesInAnIndex(const Select& select) const {
+    const auto& columns = mSource->columns;
+    const auto holds = [&](const std::vector<std::string>& index, const Node& expression) {
+        bool all = true;
+        VisitNodes(expression, [&](const Node& node) {
+            all = all &&
+                  (node.binding.source != mSource.get() ||
+                   std::find(index.begin(), index.end(), columns[node.binding.index].name) != index.end());
+            return all;
+        });
+        return all;
+    };
+    const auto& indexes = mSource->table->indexes;
+    return std::any_of(indexes.begin(), indexes.end(), [&](const std::vector<std::string>& index) {
+        return index.front() == columns[mKey].name && (!select.where || holds(index, *select.where)) &&
+               std::all_of(select.items.begin(), select.items.end(),
+                           [&](const SelectItem& item) { return holds(index, *item.expression); });
+    });
+}
+
 Totals TotalsPass::Build() {
     auto select = std::make_unique<Select>();
     auto query = std::make_unique<Query>();
@@ -89,7 +111,6 @@ Totals TotalsPass::Build() {
     };
     add(ColumnNode(*mSource, mKey));
     select->groupBy.push_back(ColumnNode(*mSource, mKey));
-    select->groupsApart = true;
     select->aggregated = true;
     // Conditions that all values have in common choose the rows; the others each their value's own.
     Conditions common = CommonConditions();
@@ -100,6 +121,7 @@ Totals TotalsPass::Build() {
     }
     for (NodePtr& condition : common)
         select->where = Both(std::move(select->where), std::move(condition));
+    select->groupsApart = !LiesInAnIndex(*select);
     select->from = std::make_unique<JoinNode>();
     select->from->source = mSource.get();
     select->sources.push_back(std::move(mSource));

@@ -33,6 +33,7 @@ private:
     };
 
     [[nodiscard]] Conditions CommonConditions() const;
+    [[nodiscard]] bool LiesInAnIndex(const Select& select) const;
 
     std::string mName;
     std::unique_ptr<Source> mSource;

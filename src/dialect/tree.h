@@ -164,8 +164,8 @@ struct Select {
     std::vector<NodePtr> groupBy;
     NodePtr having;
     bool aggregated = false; ///< filled in: an aggregate stands in its list, HAVING or ORDER BY
-    /// Made by a rewrite: the rows are sorted into groups apart. Walked along an index of the key, which the
-    /// engine would prefer, a large table is read in the order of its rows' keys and not as it lies.
+    /// Made by a rewrite: the rows are sorted into groups apart, and not walked along an index of the key,
+    /// which the engine would prefer.
     bool groupsApart = false;
 };
 

@@ -191,6 +191,16 @@ void SmallDatabase::ReadSchema() {
         table.columns.push_back(
             {row.substr(second + 1, third - second - 1), KindOfType(row.substr(third + 1))});
     }
+    for (const std::string& row :
+         Run("SELECT m.name, i.seqno, i.name FROM sqlite_master m JOIN pragma_index_list(m.name) l JOIN "
+             "pragma_index_info(l.name) i WHERE m.type = 'table' ORDER BY m.name, l.seq, i.seqno",
+             three, {})) {
+        const std::size_t first = row.find('|');
+        const std::size_t second = row.find('|', first + 1);
+        auto& indexes = mTables[FoldName(row.substr(0, first))].indexes;
+        if (row.substr(first + 1, second - first - 1) == "0") indexes.emplace_back();
+        indexes.back().push_back(row.substr(second + 1));
+    }
 }
 
 const Table* SmallDatabase::FindTable(std::string_view name) const {

@@ -145,6 +145,40 @@ std::string RowName(const testing::TestParamInfo<Row>& row) {
 }
 INSTANTIATE_TEST_SUITE_P(Rows, TotalsRows, testing::ValuesIn(Rows), RowName);
 
+struct WayRow {
+    const char* name;
+    const char* index; ///< columns of an index of i
+    const char* text;
+    const char* way; ///< how the engine walks through i
+};
+
+class WaysOfTotals : public testing::TestWithParam<WayRow> {};
+
+TEST_P(WaysOfTotals, AreTheQuickerOnes) {
+    SmallDatabase database;
+    FillAtRandom(database, 1);
+    database.Native(std::string("CREATE INDEX way ON i (") + GetParam().index + ")");
+    const std::string plan = database.Plan(GetParam().text);
+    EXPECT_NE(plan.find(GetParam().way), std::string::npos) << plan;
+}
+
+constexpr const char* Sums = "SELECT k, (SELECT Sum(x) FROM i WHERE i.k = o.k And j Is Null) FROM o";
+
+const WayRow Ways[] = {
+    {"AlongAnIndexThatHoldsAll", "k, j, x", Sums, "SCAN i USING COVERING INDEX way\nSEARCH qb totals 1"},
+    {"NotAlongTheKeyAlone", "k", Sums, "SCAN i\nUSE TEMP B-TREE FOR GROUP BY"},
+    {"NotWhereAConditionIsMissing", "k, x", Sums, "SCAN i\nUSE TEMP B-TREE FOR GROUP BY"},
+    {"NotWhereTheKeyStandsBehind", "x, j, k", Sums, "USE TEMP B-TREE FOR GROUP BY"},
+    {"ByAnIndexForOneKey", "k",
+     "SELECT k, (SELECT Sum(x) FROM i WHERE i.k = o.k) FROM o WHERE o.k = 3 GROUP BY k",
+     "SEARCH i USING INDEX way (k=?)"},
+};
+
+std::string WayName(const testing::TestParamInfo<WayRow>& info) {
+    return info.param.name;
+}
+INSTANTIATE_TEST_SUITE_P(Rows, WaysOfTotals, testing::ValuesIn(Ways), WayName);
+
 TEST(Totals, LeaveFirstToTheRowsOfItsOwnQuery) {
     SmallDatabase database;
     database.Native(

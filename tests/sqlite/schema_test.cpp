@@ -1,7 +1,10 @@
-// What a column's declaration promises.
+// What a column's declaration promises, and the indexes of tables.
+#include "adapters/database/sqlite/sqlite_open.h"
 #include "adapters/database/sqlite/sqlite_schema.h"
+#include "sqlite/sqlite_tools.h"
+#include "tools/temp_folder.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace qbrpt::database {
 namespace {
@@ -41,6 +44,23 @@ TEST(Schema, ReadsDeclarations) {
                                    {"SOMETHING", ValueKind::Null}};
     for (const auto& row : rows)
         EXPECT_EQ(KindOfDeclaration(row.declaration), row.kind) << row.declaration;
+}
+
+TEST(Schema, KnowsTheIndexesThatHoldAllRows) {
+    const test::TempFolder folder;
+    const auto file = folder / "indexes.db";
+    test::MakeFile(file, "CREATE TABLE t (a INTEGER, b TEXT UNIQUE, C REAL);"
+                         "CREATE INDEX both ON t (c, A);"
+                         "CREATE INDEX some ON t (a) WHERE b IS NOT NULL;"
+                         "CREATE INDEX worked_out ON t (a, c + 1);"
+                         "CREATE VIEW v AS SELECT * FROM t");
+    const SqliteHandle handle = OpenSqliteFile(file, false, true);
+    SqliteSchema schema(handle.get());
+    schema.BeginStatement();
+    using Columns = std::vector<std::string>;
+    EXPECT_THAT(schema.FindTable("T")->indexes,
+                testing::UnorderedElementsAre(Columns{"b"}, Columns{"C", "a"}, Columns{"a", ""}));
+    EXPECT_THAT(schema.FindTable("v")->indexes, testing::IsEmpty());
 }
 
 } // namespace

@@ -97,9 +97,25 @@ void SqliteSchema::ReadColumns(Entry& entry) const {
         while (statement.Step(row))
             if (row[6].whole != hiddenColumn)
                 entry.table.columns.push_back({TextOf(row[1]), KindOfDeclaration(TextOf(row[2]))});
+        if (!entry.isView) ReadIndexes(entry);
     } catch (const Failure& failure) {
         if (failure.Number() != FailureNumber::DatabaseEngine) throw;
         entry.problem = failure.Description();
+    }
+}
+
+void SqliteSchema::ReadIndexes(Entry& entry) const {
+    SqliteStatement statement(
+        mHandle,
+        "SELECT i.seqno, i.name FROM pragma_index_list(?1, ?2) AS l JOIN "
+        "pragma_index_info(l.name, ?2) AS i WHERE l.partial = 0 ORDER BY l.seq, i.seqno",
+        "");
+    statement.Bind(0, entry.table.name);
+    statement.Bind(1, entry.schema);
+    RowView row;
+    while (statement.Step(row)) {
+        if (row[0].whole == 0) entry.table.indexes.emplace_back();
+        entry.table.indexes.back().push_back(TextOf(row[1])); // no name where it holds an expression
     }
 }
 

@@ -51,6 +51,7 @@ private:
     [[nodiscard]] Versions ReadVersions() const;
     void ReadTables() const;
     void ReadColumns(Entry& entry) const;
+    void ReadIndexes(Entry& entry) const;
     void CheckDates(Entry& entry, const std::vector<std::string>& columns) const;
 
     sqlite3* mHandle;
