@@ -90,8 +90,8 @@ struct Object {
     Align align = Align::Right;
     Twips baseline = 0;        ///< of the first line, from `top`
     Twips lineStep = 0;        ///< from one baseline to the next
-    bool canGrow = false;      ///< wraps and makes its section taller; else one line
     Twips shrinkTo = 0;        ///< a figure or line too wide may shrink to this size; 0: it may not
+    bool canGrow = false;      ///< wraps and makes its section taller; else one line
     bool hideRepeated = false; ///< empty where the row before on this page shows the same value
 
     /// Text: may hold {page}, {pages}, {printed}, {rows}, {rows:NOUN} (of the section's group, else of the
@@ -107,22 +107,22 @@ struct Object {
     std::int32_t stroke = 0;   ///< Line, Box: hundredths of a point; 0: no outline
     std::optional<Color> fill; ///< Box
     LineWhen when = LineWhen::Always;
-    bool fullHeight = false; ///< Box: reaches to the bottom of a section that has grown
-    bool atBottom = false;   ///< Line: `top` is measured upwards from the bottom of a grown section
+    OnPages on = OnPages::All; ///< nothing is drawn on other pages
+    bool fullHeight = false;   ///< Box: reaches to the bottom of a section that has grown
+    bool atBottom = false;     ///< Line: `top` is measured upwards from the bottom of a grown section
     /// Line between rows: objects whose value repeats on the next row push its right end left of them.
     bool yieldsToRepeated = false;
+    bool barToLargest = false; ///< Box: the largest of several rows' values is full, whatever `barFull` says
+    bool suppress = false;
     /// Text: begins where the text of this object of the same section ends, `right` twips further on.
     std::string follows;
     std::optional<Condition> showWhen; ///< nothing is drawn where it does not hold
-    OnPages on = OnPages::All;         ///< nothing is drawn on other pages
     /// Box: drawn from its right edge as wide as this field's part of `barFull`; -1: no bar.
     int barField = -1;
     double barFull = 1;
-    bool barToLargest = false; ///< the largest of several rows' values is full, whatever `barFull` says
 
     std::shared_ptr<const qbrpt::Picture> image;
     std::string subreport;
-    bool suppress = false;
 };
 
 enum class SectionKind : std::uint8_t {

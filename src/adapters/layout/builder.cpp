@@ -8,7 +8,7 @@
 #include "adapters/layout/table_parts.h"
 
 #include <algorithm>
-#include <iterator>
+#include <array>
 
 namespace qbrpt::layout {
 
@@ -34,9 +34,9 @@ report::Twips ReadWidth(TableReader& layout) {
 }
 
 /// The keys of a layout that its subreports share.
-constexpr std::string_view SharedKeys[] = {"width_twips", "margin",   "shrink_to", "face",
-                                           "color",       "style",    "stroke",    "row",
-                                           "metrics",     "emphasis", "noun",      "headings"};
+constexpr auto SharedKeys =
+    std::to_array<std::string_view>({"width_twips", "margin", "shrink_to", "face", "color", "style", "stroke",
+                                     "row", "metrics", "emphasis", "noun", "headings"});
 
 Node InHouseOf(const Node& layout, const Node& subreport) {
     Node shared;

@@ -34,7 +34,7 @@ std::optional<Bar> ReadBar(const Node& node, Twips columnWidth, const Workshop& 
     bar.color = shop.styles.Color(reader.Text("color", "bar"), reader.PlaceOf("color"));
     bar.full = reader.Number("full", 0);
     reader.Finish();
-    if (bar.full < 0) reader.Wrong("full", "\"full\" is the value of a full bar, above 0");
+    if (bar.full < 0) reader.Wrong("full", R"("full" is the value of a full bar, above 0)");
     if (bar.width > 0 && columnWidth - bar.width >= NarrowestColumn) return bar;
     reader.Wrong("width", "a bar needs a width that leaves its column room for the figures");
     return std::nullopt;

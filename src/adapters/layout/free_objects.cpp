@@ -87,7 +87,7 @@ void ReadPictureOf(TableReader& reader, Object& object, const Workshop& shop) {
     if (object.width > 0 && object.height > 0)
         ShowPicture(object, std::move(picture));
     else
-        reader.Wrong("file", "a picture needs a \"width\" and a \"height\", the largest that it may have");
+        reader.Wrong("file", R"(a picture needs a "width" and a "height", the largest that it may have)");
 }
 
 void ReadKind(TableReader& reader, Object& object, const Workshop& shop) {

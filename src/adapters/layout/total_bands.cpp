@@ -87,7 +87,7 @@ TextStyle InInk(TextStyle style, report::Color ink) {
 } // namespace
 
 std::string ReadNoun(TableReader& reader, const Workshop& shop) {
-    const std::string noun = reader.Text("noun");
+    std::string noun = reader.Text("noun");
     if (noun.empty() || shop.styles.Nouns().contains(noun)) return noun;
     std::vector<std::string_view> known;
     for (const auto& entry : shop.styles.Nouns())
