@@ -58,6 +58,7 @@ inline report::Definition UseDefinition(bool grouped) {
     head.kind = report::SectionKind::PageHeader;
     head.objects.push_back(title);
     definition.sections.push_back(head);
+    definition.sections.emplace_back(); // the details
     definition.columns = {
         ColumnOf(4, "البيان", ValueFormat::Text), ColumnOf(1, "البدء", ValueFormat::DateTime),
         ColumnOf(2, "المدة", ValueFormat::Duration), ColumnOf(3, "المبلغ", ValueFormat::Money)};

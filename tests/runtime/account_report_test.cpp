@@ -109,12 +109,28 @@ TEST_F(AccountReport, TablesShowBothSides) {
     OutputOf(account.Report()).WriteTable(TableKind::Html, page, {});
     EXPECT_THAT(page.bytes,
                 AllOf(HasSubstr("حركة القيد الخاصة بحساب الصندوق"), HasSubstr(">الوارد إلى الحساب<"),
-                      HasSubstr(">من حساب<"), HasSubstr(">الصادر من الحساب<"), HasSubstr(">إلى حساب<")));
+                      HasSubstr(">من حساب<"), HasSubstr(">الصادر من الحساب<"), HasSubstr(">إلى حساب<"),
+                      HasSubstr(">حركة القيد الخاصة بحساب الصندوق</h1>")));
     StringSink book;
     OutputOf(account.Report()).WriteTable(TableKind::Xlsx, book, {});
     EXPECT_THAT(book.bytes,
                 AllOf(HasSubstr("xl/worksheets/sheet1.xml"), HasSubstr("xl/worksheets/sheet2.xml"),
                       Not(HasSubstr("xl/worksheets/sheet3.xml"))));
+}
+
+TEST_F(AccountReport, TablesLeaveOutTheSideThatIsHidden) {
+    for (const bool hideIncoming : {true, false}) {
+        SngAccountRpt account;
+        account.ShowAccountSection(hideIncoming, !hideIncoming);
+        Fill(account.Report(), 3);
+        Fill(From(account), 2);
+        account.SetTitle("", "حركة القيد الخاصة بحساب الصندوق", "ليوم السبت 01 مارس 2025", 11935);
+        StringSink page;
+        OutputOf(account.Report()).WriteTable(TableKind::Html, page, {});
+        EXPECT_THAT(page.bytes, HasSubstr("حركة القيد الخاصة بحساب الصندوق"));
+        EXPECT_THAT(page.bytes, HasSubstr(hideIncoming ? Outgoing : Incoming));
+        EXPECT_THAT(page.bytes, Not(HasSubstr(hideIncoming ? Incoming : Outgoing)));
+    }
 }
 
 TEST_F(AccountReport, ASubreportOutlivedByItsObjectIsAFailure) {

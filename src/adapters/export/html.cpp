@@ -129,8 +129,7 @@ private:
 
     void AddHeadingLine(const HeadingLine& line, bool isReport) {
         std::string& html = mPage.Text();
-        const bool isTitle = &line == &mPlan.heading.back();
-        const std::string tag = !isTitle ? "p" : isReport ? "h1" : "h2";
+        const std::string tag = !line.isTitle ? "p" : isReport ? "h1" : "h2";
         html += "<" + tag + (line.headingFace ? " class=\"kufi\"" : "") +
                 " style=\"font-size:" + std::to_string(static_cast<int>(line.size)) + "." +
                 std::to_string(static_cast<int>(line.size * 10) % 10) +
@@ -232,11 +231,11 @@ void AddFoot(std::string& html, const ExportJob& job) {
 
 void WriteHtml(ByteSink& sink, const ExportJob& job, const RowProgress& onProgress) {
     Page page(sink);
-    AddHead(page.Text(), job, PlanOf(*job.parts.front().definition));
-    for (const ExportPart& part : job.parts) {
-        const TablePlan plan = PlanOf(*part.definition);
+    const std::vector<PlannedPart> parts = PlannedParts(job);
+    AddHead(page.Text(), job, parts.front().plan);
+    for (const auto& [part, plan] : parts) {
         TablePage table(page, plan);
-        table.Heading(&part == &job.parts.front());
+        table.Heading(&plan == &parts.front().plan);
         table.Begin();
         WalkTable(plan, part, job.printedAt, table, onProgress);
         table.End();

@@ -84,8 +84,12 @@ std::vector<HeadingLine> HeadingOf(const report::Definition& definition) {
         });
         for (const Object* object : texts)
             lines.push_back({object->text, object->font.spec.size / TwipsInPoint, object->font.spec.bold,
-                             object->font.spec.family.find("Kufi") != std::string::npos, object->color});
+                             object->font.spec.family.find("Kufi") != std::string::npos, object->color,
+                             object->name == definition.titleObject});
     }
+    const bool named =
+        std::any_of(lines.begin(), lines.end(), [](const HeadingLine& line) { return line.isTitle; });
+    if (!named && !lines.empty()) lines.back().isTitle = true;
     return lines;
 }
 
@@ -113,6 +117,22 @@ TableColors ColorsOf(const report::Definition& definition) {
     return colors;
 }
 
+bool ShowsRows(const report::Definition& definition) {
+    return std::any_of(definition.sections.begin(), definition.sections.end(),
+                       [](const report::Section& section) {
+                           return section.kind == report::SectionKind::Details && !section.suppress;
+                       });
+}
+
+bool HidesSubreport(const report::Definition& outer, const std::string& name) {
+    return std::any_of(outer.sections.begin(), outer.sections.end(), [&name](const report::Section& section) {
+        return section.suppress &&
+               std::any_of(section.objects.begin(), section.objects.end(), [&name](const Object& object) {
+                   return object.type == report::ObjectType::Subreport && object.subreport == name;
+               });
+    });
+}
+
 } // namespace
 
 std::size_t TablePlan::WordColumns() const {
@@ -123,11 +143,26 @@ std::size_t TablePlan::WordColumns() const {
 }
 
 std::string TablePlan::Title(const std::string& given) const {
-    return given.empty() && !heading.empty() ? heading.back().text : given;
+    const auto line =
+        std::find_if(heading.begin(), heading.end(), [](const HeadingLine& one) { return one.isTitle; });
+    return given.empty() && line != heading.end() ? line->text : given;
 }
 
 TablePlan PlanOf(const report::Definition& definition) {
     return {&definition, ColorsOf(definition), HeadingOf(definition), ColumnsOf(definition)};
+}
+
+std::vector<PlannedPart> PlannedParts(const ExportJob& job) {
+    const report::Definition& outer = *job.parts.front().definition;
+    std::vector<PlannedPart> planned;
+    for (const ExportPart& part : job.parts) {
+        const bool inside = &part != &job.parts.front();
+        const bool hidden = inside ? HidesSubreport(outer, part.definition->name) : !ShowsRows(outer);
+        if (!hidden) planned.push_back({part, PlanOf(*part.definition)});
+    }
+    if (planned.empty()) planned.push_back({job.parts.front(), PlanOf(outer)});
+    planned.front().plan.heading = HeadingOf(outer);
+    return planned;
 }
 
 } // namespace qbrpt

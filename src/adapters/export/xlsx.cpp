@@ -11,7 +11,7 @@ constexpr const char* FurtherSheet = "جدول";
 
 std::string SheetNameOf(const TablePlan& plan, bool isReport) {
     if (isReport) return ReportSheet;
-    if (!plan.heading.empty()) return plan.heading.back().text;
+    if (!plan.heading.empty()) return plan.Title({});
     // A list bears its heading as that of one group of all rows.
     const auto& groups = plan.definition->groups;
     const bool isList = !groups.empty() && groups.front().field < 0 && !groups.front().heading.empty();
@@ -22,10 +22,10 @@ std::string SheetNameOf(const TablePlan& plan, bool isReport) {
 
 void WriteXlsx(ByteSink& sink, const ExportJob& job, const RowProgress& onProgress,
                std::uint32_t rowsPerSheet) {
-    XlsxBook book({PlanOf(*job.parts.front().definition).Title(job.title), job.printedAt});
-    for (const ExportPart& part : job.parts) {
-        const TablePlan plan = PlanOf(*part.definition);
-        XlsxTable table(book, job, plan, SheetNameOf(plan, &part == &job.parts.front()), rowsPerSheet);
+    const std::vector<PlannedPart> parts = PlannedParts(job);
+    XlsxBook book({parts.front().plan.Title(job.title), job.printedAt});
+    for (const auto& [part, plan] : parts) {
+        XlsxTable table(book, job, plan, SheetNameOf(plan, &plan == &parts.front().plan), rowsPerSheet);
         WalkTable(plan, part, job.printedAt, table, onProgress);
         table.Finish();
     }
