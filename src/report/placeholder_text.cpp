@@ -42,8 +42,21 @@ void PlaceholderText::Expand(std::string_view text, int group, const FormatScope
     }
 }
 
+// Isolates of the value's own are left out: one that is never closed would take in the rest of the line.
 void PlaceholderText::AppendIsolated(std::string_view value) {
-    if (!value.empty()) mText.append(FirstStrongIsolate).append(value).append(PopIsolate);
+    if (value.empty()) return;
+    constexpr std::string_view isolates = "\xE2\x81"; // then A6 to A9
+    mText.append(FirstStrongIsolate);
+    for (std::size_t from = 0; from < value.size();) {
+        const std::size_t at = value.find(isolates, from);
+        mText.append(value.substr(from, at - from));
+        if (at == std::string_view::npos) break;
+        const std::string_view mark = value.substr(at, isolates.size() + 1);
+        const auto last = static_cast<unsigned char>(mark.back());
+        if (mark.size() == isolates.size() || last < 0xA6 || last > 0xA9) mText.append(mark);
+        from = at + mark.size();
+    }
+    mText.append(PopIsolate);
 }
 
 void PlaceholderText::AppendWord(const Placeholder& word, int group, const FormatScope& scope, int depth) {

@@ -102,6 +102,21 @@ TEST(SectionText, InsertedValuesAreIsolatedInsideOtherText) {
               (std::vector<std::string>{"من \u2068a-1\u2069 \u206601/03/2025 12:00\u2069", "a-1"}));
 }
 
+TEST(SectionText, AnInsertedValueCannotOpenAnIsolateThatItDoesNotClose) {
+    Definition definition = PlainDefinition();
+    definition.sections[0].objects = {TextObject("Said", "<{field:name}>", 0, 3000)};
+    const auto said = [&](const std::string& name) {
+        RecordingTextPort port;
+        TestReport report(definition, {NamedRow(name)});
+        report.context.text = &port;
+        (void)report.Words(0);
+        return port.texts.front();
+    };
+    EXPECT_EQ(said("a\u2067b\u2069\u2066"), "<\u2068ab\u2069>");
+    EXPECT_EQ(said("a\u2065\u206Ab"), "<\u2068a\u2065\u206Ab\u2069>");
+    EXPECT_EQ(said("a\xE2\x81"), "<\u2068a\xE2\x81\u2069>");
+}
+
 TEST(SectionText, OnlyArabicTextsRunFromTheRight) {
     Definition definition = PlainDefinition();
     definition.sections[0].objects = {FieldObject("N", NameField, 0, 3000)};
