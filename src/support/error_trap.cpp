@@ -1,5 +1,6 @@
 #include "support/error_trap.h"
 
+#include "base/failure.h"
 #include "platform/desktop.h"
 #include "platform/platform.h"
 
@@ -11,31 +12,45 @@ namespace qbrpt {
 
 namespace {
 
-std::string DescriptionOfCurrent() {
+std::optional<std::string> TitleOf(const ErrorTrap::Box& box) {
+    if (!box.title) return std::nullopt;
+    return std::string(*box.title);
+}
+
+struct Told {
+    int number = 0;
+    std::string description;
+};
+
+Told TellOfCurrent() {
+    constexpr int outOfMemory = 7;
     try {
         throw;
+    } catch (const Failure& failure) {
+        return {static_cast<int>(failure.Number()), failure.Description()};
     } catch (const std::bad_alloc&) {
-        return "Out of memory.";
+        return {outOfMemory, "Out of memory."};
     } catch (const std::exception& failure) {
-        return failure.what();
+        return {0, failure.what()};
     } catch (...) {
-        return "Unknown failure.";
+        return {0, "Unknown failure."};
     }
 }
 
 } // namespace
 
-ErrorTrap::ErrorTrap(Kind kind, std::string_view prefix, std::optional<int> style)
-    : mPrefix(prefix),
-      mStyle(style.value_or(kind == BoxWithRetry ? BoxStyle::CriticalRetryCancel : BoxStyle::Critical)),
-      mKind(kind) {}
+ErrorTrap::ErrorTrap(Kind kind, const Box& box) : mBox(box), mKind(kind) {}
 
 void ErrorTrap::Caught() noexcept {
     bool retry = false;
     if (mKind != SilentGoOn && mKind != SilentLeave) {
         try {
-            const std::string text = std::string(mPrefix) + DescriptionOfCurrent();
-            retry = Platform::Current().messages->MsgBox(text, mStyle) == BoxAnswer::Retry;
+            const Told told = TellOfCurrent();
+            std::string text(mBox.prefix);
+            if (mBox.numbered) text += std::to_string(told.number) + "\r";
+            const int usual = mKind == BoxWithRetry ? BoxStyle::CriticalRetryCancel : BoxStyle::Critical;
+            retry = Platform::Current().messages->MsgBox(text + told.description, mBox.style.value_or(usual),
+                                                         TitleOf(mBox)) == BoxAnswer::Retry;
         } catch (...) { // A box that cannot be shown can't be answered: the routine is left as by Cancel.
             retry = false;
         }

@@ -31,9 +31,16 @@ public:
         SilentLeave   ///< ends the routine without a word
     };
 
-    /// `prefix` is put before the failure's description (a routine's name and "\r"); it must outlive the
-    /// trap. `style` replaces the style of the kind's box.
-    explicit ErrorTrap(Kind kind, std::string_view prefix = {}, std::optional<int> style = std::nullopt);
+    /// What the box of a kind says beside the failure's description. The texts must outlive the trap.
+    struct Box {
+        std::string_view prefix{};               ///< before the description: a routine's name and "\r"
+        std::optional<int> style = std::nullopt; ///< in place of the kind's own
+        std::optional<std::string_view> title = std::nullopt; ///< in place of the usual one
+        bool numbered = false; ///< the failure's number and "\r" stand between prefix and description
+    };
+
+    explicit ErrorTrap(Kind kind) : ErrorTrap(kind, Box{}) {}
+    ErrorTrap(Kind kind, const Box& box);
     ErrorTrap(const ErrorTrap&) = delete;
     ErrorTrap& operator=(const ErrorTrap&) = delete;
 
@@ -74,8 +81,7 @@ private:
     /// Says what happened to the exception in flight and settles whether the routine goes on.
     void Caught() noexcept;
 
-    std::string_view mPrefix;
-    int mStyle;
+    Box mBox;
     Kind mKind;
     bool mLeft = false;
 };

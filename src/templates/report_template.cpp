@@ -41,7 +41,7 @@ void ReportTemplate::SetHotelInfoByName(const std::string& Name1, const std::str
 }
 
 void ReportTemplate::SetLogo(const Ref<const Picture>& logo) {
-    ErrorTrap trap(ErrorTrap::BoxThenLeave, {}, BoxStyle::Plain);
+    ErrorTrap trap(ErrorTrap::BoxThenLeave, {.style = BoxStyle::Plain});
     trap.Step([&] {
         TellObservers("SetLogo", {});
         mLogo = logo;

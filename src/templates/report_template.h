@@ -25,7 +25,10 @@ public:
 
     /// The engine's report object.
     [[nodiscard]] const Ref<CrystalRuntime::Report>& Report() const { return mReport; }
-    [[nodiscard]] std::string_view Name() const { return mFacts.name; }
+    /// The name of the class.
+    [[nodiscard]] virtual std::string_view Name() const { return mFacts.name; }
+    /// The template's page width in twips.
+    [[nodiscard]] std::int32_t ReportWidth() const { return mFacts.reportWidth; }
 
     /// SetHotelInfo of a template that the caller doesn't know; FailureNumber::NotInCollection where it has
     /// none.
@@ -35,8 +38,6 @@ protected:
     /// Makes the report object and initialises it.
     explicit ReportTemplate(std::string_view name);
 
-    /// The template's page width in twips.
-    [[nodiscard]] std::int32_t ReportWidth() const { return mFacts.reportWidth; }
     /// Makes the fonts fit for Arabic where the template wants that. Runs when the template is created.
     void Report_Initialize();
     /// Writes the café's heading into the objects that the template has for it.

@@ -24,7 +24,7 @@ protected:
     /// A routine of six statements, of which the second, the test and the fifth fail; returns those that ran.
     std::string Routine(ErrorTrap::Kind kind, std::string_view prefix = {}) {
         std::string ran;
-        ErrorTrap trap(kind, prefix);
+        ErrorTrap trap(kind, {.prefix = prefix});
         trap.Step([&] { ran += "1"; });
         trap.Step([&] {
             ran += "2";
@@ -124,7 +124,7 @@ TEST_F(ErrorTrapTest, ThePrefixStandsBeforeTheDescription) {
 }
 
 TEST_F(ErrorTrapTest, AStyleOfItsOwnReplacesThatOfTheKind) {
-    ErrorTrap trap(ErrorTrap::BoxThenLeave, {}, BoxStyle::Plain);
+    ErrorTrap trap(ErrorTrap::BoxThenLeave, {.style = BoxStyle::Plain});
     trap.Step([] { Fail("plain"); });
     EXPECT_THAT(platform.messages->boxes, ElementsAre(ShownBox{"plain", 0, "qbrpt"}));
 }
