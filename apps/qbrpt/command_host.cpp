@@ -1,7 +1,7 @@
 #include "command_host.h"
 
 #include "adapters/console/console_boxes.h"
-#include "adapters/printing/file_viewer.h"
+#include "adapters/console/quiet_forms.h"
 #include "adapters/printing/pdf_folder.h"
 #include "adapters/printing/printer_list.h"
 #include "adapters/real/real_platform.h"
@@ -35,15 +35,6 @@ private:
     }
     ProgressLine& mLine;
     bool mErrorSeen = false;
-};
-
-/// Prints what would be shown.
-class PrintingViewer : public CRViewer {
-private:
-    Shown DoViewReport(const Ref<CrystalRuntime::Report>& report, bool) override {
-        report->PrintOut(false);
-        return {OutputOf(report).Device(), report->NumberOfPages()};
-    }
 };
 
 /// Says on the terminal what takes so long.
@@ -92,15 +83,19 @@ private:
                 mCall.files, progress, [this](std::size_t done, std::size_t all) { ShowRows(done, all); });
             if (mCall.member->outcome == Outcome::Report) mFiles->Begin();
             parts.delivery = mFiles;
-            parts.viewer = std::make_shared<FileOutputViewer>(mFiles);
+            parts.forms =
+                std::make_shared<QuietForms>([files = mFiles](const Ref<CrystalRuntime::Report>& report) {
+                    files->Write(OutputOf(report), {});
+                });
             parts.printers = std::make_shared<PrinterList>(std::vector{pdfPrinter.Info()});
         } else {
             const FileMade teller = [this](const std::filesystem::path& file) { TellOf(file); };
             parts.delivery = std::make_shared<PrinterDelivery>(pdfPrinter, teller);
             if (mCall.destination == Destination::Printer)
-                parts.viewer = std::make_shared<PrintingViewer>();
+                parts.forms = std::make_shared<QuietForms>(
+                    [](const Ref<CrystalRuntime::Report>& report) { report->PrintOut(false); });
             else
-                parts.viewer = std::make_shared<FileViewer>(pdfPrinter, teller);
+                parts.forms = MakeFileForms(pdfPrinter, teller);
         }
         parts.layoutsFolder = mCall.layoutsFolder;
         if (!mCall.traceFile.empty()) parts.trace = std::make_shared<TraceWriter>(mCall.traceFile);

@@ -50,10 +50,4 @@ void FileOutput::Write(ReportOutput& report, const PageRange& pages) {
     mWritten = true;
 }
 
-CRViewer::Shown FileOutputViewer::DoViewReport(const Ref<CrystalRuntime::Report>& report, bool) {
-    ReportOutput& output = OutputOf(report);
-    mOutput->Write(output, {});
-    return {output.Device(), output.PageCount()};
-}
-
 } // namespace qbrpt::cli

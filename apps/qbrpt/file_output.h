@@ -4,7 +4,6 @@
 #include "adapters/files/atomic_file.h"
 #include "adapters/output/report_output.h"
 #include "output_files.h"
-#include "platform/CRViewer.h"
 
 #include <memory>
 #include <optional>
@@ -41,17 +40,6 @@ private:
     PageProgress mPages;
     TableProgress mRows;
     bool mWritten = false;
-};
-
-/// "Shows" a report by writing it.
-class FileOutputViewer : public CRViewer {
-public:
-    explicit FileOutputViewer(std::shared_ptr<FileOutput> output) : mOutput(std::move(output)) {}
-
-private:
-    Shown DoViewReport(const Ref<CrystalRuntime::Report>& report, bool arabic) override;
-
-    std::shared_ptr<FileOutput> mOutput;
 };
 
 } // namespace qbrpt::cli

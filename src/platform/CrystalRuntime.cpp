@@ -159,8 +159,43 @@ void Report::SetPaperOrientation(std::int16_t orientation) {
     DoSetPaperOrientation(orientation);
 }
 
+std::string Report::PrinterName() {
+    Announce(ReportPort, "PrinterName");
+    return DoPrinterName();
+}
+
+std::string Report::DriverName() {
+    Announce(ReportPort, "DriverName");
+    return DoDriverName();
+}
+
+std::string Report::PortName() {
+    Announce(ReportPort, "PortName");
+    return DoPortName();
+}
+
+std::int16_t Report::PaperSize() {
+    Announce(ReportPort, "PaperSize");
+    return DoPaperSize();
+}
+
+std::int16_t Report::PaperOrientation() {
+    Announce(ReportPort, "PaperOrientation");
+    return DoPaperOrientation();
+}
+
+void Report::SetLeftMargin(std::int32_t margin) {
+    Announce(ReportPort, "SetLeftMargin", {std::int64_t{margin}});
+    DoSetLeftMargin(margin);
+}
+
+void Report::SetApplicationName(const std::string& name) {
+    Announce(ReportPort, "SetApplicationName", {name});
+    DoSetApplicationName(name);
+}
+
 void Report::PrintOut(bool promptUser, const PrintRange& range) {
-    const std::initializer_list<Value> arguments = {promptUser, DoSelectedDevice(), Optional(range.copies),
+    const std::initializer_list<Value> arguments = {promptUser, DoPrinterName(), Optional(range.copies),
                                                     Optional(range.startPage), Optional(range.stopPage)};
     Announce(ReportPort, "PrintOut", arguments);
     DoPrintOut(promptUser, range);

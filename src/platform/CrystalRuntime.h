@@ -120,6 +120,16 @@ public:
     void SelectPrinter(const std::string& driver, const std::string& device, const std::string& port);
     void SetPaperSize(std::int16_t paperSize);
     void SetPaperOrientation(std::int16_t orientation);
+    /// The printer and paper that the report is bound to.
+    [[nodiscard]] std::string PrinterName();
+    [[nodiscard]] std::string DriverName();
+    [[nodiscard]] std::string PortName();
+    [[nodiscard]] std::int16_t PaperSize();
+    [[nodiscard]] std::int16_t PaperOrientation();
+    /// From the paper's left edge to the template's, in twips. Where none is set the template is centred.
+    void SetLeftMargin(std::int32_t margin);
+    /// The name under which jobs are printed, before the report's own title.
+    void SetApplicationName(const std::string& name);
     /// Prints on the selected printer; a prompt is never asked for by this system.
     void PrintOut(bool promptUser, const PrintRange& range = {});
 
@@ -143,6 +153,13 @@ private:
                                  const std::string& port) = 0;
     virtual void DoSetPaperSize(std::int16_t paperSize) = 0;
     virtual void DoSetPaperOrientation(std::int16_t orientation) = 0;
+    virtual std::string DoPrinterName() = 0;
+    virtual std::string DoDriverName() = 0;
+    virtual std::string DoPortName() = 0;
+    virtual std::int16_t DoPaperSize() = 0;
+    virtual std::int16_t DoPaperOrientation() = 0;
+    virtual void DoSetLeftMargin(std::int32_t margin) = 0;
+    virtual void DoSetApplicationName(const std::string& name) = 0;
     virtual void DoPrintOut(bool promptUser, const PrintRange& range) = 0;
     virtual std::int32_t DoSectionCount() = 0;
     virtual Ref<Section> DoSections(std::int32_t index) = 0;
@@ -151,7 +168,6 @@ private:
     virtual void DoOnFormat(const std::string& section, const std::function<void()>& handler) = 0;
     virtual std::int32_t DoPrintingStatus() = 0;
     virtual std::int32_t DoNumberOfPages() = 0;
-    virtual std::string DoSelectedDevice() = 0;
 };
 
 /// Makes report objects from the layouts of the templates.

@@ -2,16 +2,6 @@
 
 namespace qbrpt {
 
-WindowHandle Windows::GetForegroundWindow() {
-    Announce("Windows", "GetForegroundWindow");
-    return DoGetForegroundWindow();
-}
-
-WindowHandle Windows::GetParent(WindowHandle window) {
-    Announce("Windows", "GetParent", {std::int64_t{window}});
-    return DoGetParent(window);
-}
-
 void Screen::SetMousePointer(Pointer pointer) {
     Announce("Screen", "MousePointer", {std::int64_t{static_cast<std::int16_t>(pointer)}});
     DoSetMousePointer(pointer);

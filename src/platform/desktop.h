@@ -1,28 +1,14 @@
-// The desktop around the component: windows, pointer, message boxes, clock.
+// The desktop around the component: pointer, message boxes, clock, and its windows.
 #pragma once
 
 #include "platform/port.h"
+#include "platform/windows.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
 
 namespace qbrpt {
-
-/// 32-bit handle of a window; 0 is none.
-using WindowHandle = std::uint32_t;
-
-class Windows : public Port {
-public:
-    /// The window in front, if it belongs to this process; else 0. Also 0 where there is no display.
-    [[nodiscard]] WindowHandle GetForegroundWindow();
-    /// The owner or parent of a window; 0 for a top window, for 0 and for a window that is gone.
-    [[nodiscard]] WindowHandle GetParent(WindowHandle window);
-
-private:
-    virtual WindowHandle DoGetForegroundWindow() = 0;
-    virtual WindowHandle DoGetParent(WindowHandle window) = 0;
-};
 
 /// Mouse pointer codes.
 enum class Pointer : std::int16_t { Default = 0, Wait = 11, ArrowHourglass = 13 };

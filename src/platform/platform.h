@@ -14,13 +14,15 @@ class DBEngine;
 namespace CrystalRuntime {
 class Runtime;
 }
-class CRViewer;
 class Clock;
 class FontSource;
+class Forms;
 class Locale;
 class MessageBoxes;
 class Printers;
+class RegistryStore;
 class Screen;
+class WindowTree;
 class Windows;
 
 /// Every port that the system's rooms use. A host or a test may fill one with its own adapters and
@@ -29,8 +31,10 @@ class Platform {
 public:
     Ref<DAO::DBEngine> engine;            ///< opens databases; one for the process
     Ref<CrystalRuntime::Runtime> reports; ///< makes report objects
-    Ref<CRViewer> viewer;                 ///< shows a report on screen
+    Ref<Forms> forms;                     ///< builds the component's own windows
     Ref<Windows> windows;                 ///< foreground and owner windows
+    Ref<WindowTree> tree;                 ///< classes, styles and relations of windows
+    Ref<RegistryStore> registry;          ///< the values kept between runs
     Ref<Screen> screen;                   ///< the mouse pointer, the beep
     Ref<MessageBoxes> messages;           ///< message boxes
     Ref<Printers> printers;               ///< the printer collection and the current printer

@@ -1,10 +1,12 @@
 #include "preview/frmPrntServer.h"
 
-#include "platform/CRViewer.h"
-#include "platform/desktop.h"
 #include "platform/platform.h"
+#include "preview/print_server_table.h"
 #include "support/error_trap.h"
+#include "support/mirroring.h"
+#include "support/owner_window.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace qbrpt {
@@ -14,6 +16,17 @@ namespace {
 std::unique_ptr<frmPrntServer>& TheInstance() {
     static std::unique_ptr<frmPrntServer> instance;
     return instance;
+}
+
+void SetPointer(Pointer pointer) {
+    Platform::Current().screen->SetMousePointer(pointer);
+}
+
+// What a handler does that has no trap of its own.
+template <class Statement>
+void Handle(Statement&& statement) {
+    ErrorTrap trap(ErrorTrap::BoxThenLeave);
+    trap.Step(statement);
 }
 
 } // namespace
@@ -29,22 +42,174 @@ bool frmPrntServer::Exists() {
 }
 
 void frmPrntServer::Drop() {
-    TheInstance().reset();
+    if (Exists() && !TheInstance()->mOpen) TheInstance().reset();
 }
 
-bool frmPrntServer::ShowpReport(const Ref<CrystalRuntime::Report>& pnRpt, bool bShowArabic) {
-    ErrorTrap trap(ErrorTrap::BoxWithRetry, "ShowpReport\r");
-    trap.Step([&] { Platform::Current().screen->SetMousePointer(Pointer::Wait); });
+Form& frmPrntServer::Window() {
+    if (mForm.Empty()) {
+        mForm = Platform::Current().forms->Load(PrintServerTable(), *this);
+        mClosed = false;
+        Load();
+    }
+    return *mForm;
+}
+
+void frmPrntServer::Load() {
+    ErrorTrap trap(ErrorTrap::SilentGoOn);
+    trap.Step([&] { mForm->ToolbarOf("Toolbar1")->ButtonOf("prev")->SetEnabled(false); });
+    trap.Step([&] { mForm->ToolbarOf("Toolbar1")->ButtonOf("first")->SetEnabled(false); });
+    trap.Step([&] { mForm->ToolbarOf("Toolbar1")->ButtonOf("zoom100")->SetValue(1); });
+    mZoom = 100;
+    mGuestMode = false;
+    vReceiver.clear();
+    rcvCount = 0;
+}
+
+// Whatever refuses on the way: the window goes and the host's comes back.
+void frmPrntServer::Unload() {
+    ErrorTrap trap(ErrorTrap::BoxThenGoOn);
+    const bool loaded = !mForm.Empty();
+    if (loaded) trap.Step([&] { mForm->Unload(); });
+    if (loaded && !mClosed) QueryUnload();
+    if (mHostHidden) trap.Step([&] { ShowHost(); });
+    mForm.Clear();
+}
+
+void frmPrntServer::ShowHost() {
+    Platform::Current().windows->ShowWindow(hOwnerWnd, ShowCommand::Show);
+    mHostHidden = false;
+}
+
+bool frmPrntServer::ShowpReport(const Ref<ReportTemplate>& pnRpt, bool bShowArabic) {
+    ErrorTrap trap(ErrorTrap::BoxWithRetry, {.prefix = "ShowpReport\r"});
+    if (mShowing) {
+        trap.Step([] {
+            throw Failure(FailureNumber::Report, "A report is open already. Close its window first.");
+        });
+        return false;
+    }
+    const Ref<ReportTemplate> held = pnRpt;
+    const bool wasOpen = mOpen;
+    mOpen = mShowing = true;
+    trap.Step([] { SetPointer(Pointer::Wait); });
     mArabic = bShowArabic;
-    mReport = pnRpt;
-    // The user reads with the usual pointer; the viewer returns only when he has done.
-    trap.Step([&] { Platform::Current().screen->SetMousePointer(Pointer::Default); });
-    trap.Step([&] { Platform::Current().viewer->ViewReport(mReport, mArabic); });
+    if (mArabic) {
+        trap.Step([&] { MirrorWindow(Window().hWnd(), false, false); });
+    } else {
+        trap.Step([&] { Window().SetRightToLeft(false); });
+        trap.Step([&] { UnmirrorWindow(Window().hWnd()); });
+        trap.Step([&] { SetEnglishCaptions(); });
+    }
+    mReport = held;
+    trap.Step([&] { prntViewer()->SetReportSource(mReport->Report()); });
+    trap.Step([&] { static_cast<void>(WaitViewerReady()); });
+    trap.Step([&] { RefreshReportprinter(); });
+    trap.Step([&] { prntViewer()->ViewReport(mArabic); });
+    trap.Step([&] { static_cast<void>(WaitViewerReady()); });
+    trap.Step([&] { UpdateViewCommands(); });
+    trap.Step([&] { LoadLastPos(); });
+    trap.Step([] { SetPointer(Pointer::Default); });
+    trap.Step([&] { Window().ShowModal(); });
 
     const bool closedWell = !trap.Left();
-    trap.Always([&] { Platform::Current().screen->SetMousePointer(Pointer::Default); });
+    trap.Always([] { SetPointer(Pointer::Default); });
     mReport.Clear();
+    Unload();
+    mShowing = false;
+    mOpen = wasOpen;
     return closedWell;
+}
+
+void frmPrntServer::ShowGuestInfo(const Ref<ReportTemplate>& pnRpt, const ReceiverRows& receivers,
+                                  std::int16_t count, bool bShow, bool bArabic) {
+    ErrorTrap trap(ErrorTrap::BoxWithRetry);
+    trap.Step([&] { static_cast<void>(Window()); });
+    mGuestMode = true;
+    mOpen = true;
+    vReceiver = receivers;
+    rcvCount = count;
+    mReport = pnRpt;
+    mReceiverIndex = 0;
+    trap.Step([&] { UpdateInfoData(); });
+    trap.Step([&] { RefreshReportprinter(); });
+    if (bShow)
+        trap.Step([&] { ShowpReport(pnRpt, bArabic); });
+    else
+        trap.Step([&] { PrintData(false); });
+    mReport.Clear();
+    Unload();
+    mGuestMode = false;
+    mOpen = false;
+    trap.Always([] { SetPointer(Pointer::Default); });
+}
+
+void frmPrntServer::SetEnglishCaptions() {
+    for (const EnglishWord& caption : EnglishCaptions())
+        Window().Menu(std::string(caption.name))->SetCaption(std::string(caption.word));
+    const Ref<Toolbar> bar = Window().ToolbarOf("Toolbar1");
+    const std::int16_t count = bar->ButtonCount();
+    std::vector<std::int16_t> images;
+    for (std::int16_t button = 1; button <= count; ++button) {
+        const Ref<ToolbarButton> shown = bar->Buttons(button);
+        const ButtonStyle style = shown->Style();
+        const bool hasImage = style != ButtonStyle::Separator && style != ButtonStyle::Placeholder;
+        images.push_back(hasImage ? shown->Image() : std::int16_t{-1});
+    }
+    bar->SetImageList("ImageList2");
+    // Another list takes the pictures off the buttons.
+    for (std::int16_t button = 1; button <= count; ++button) {
+        const std::int16_t image = images[static_cast<std::size_t>(button) - 1];
+        if (image != -1) bar->Buttons(button)->SetImage(image);
+    }
+    for (const EnglishWord& tip : EnglishToolTips())
+        bar->ButtonOf(std::string(tip.name))->SetToolTipText(std::string(tip.word));
+}
+
+void frmPrntServer::Resize() {
+    Handle([&] {
+        constexpr std::int32_t leastHeight = 200;
+        const std::int32_t h = Window().ToolbarOf("Toolbar2")->Height();
+        const std::int32_t width = Window().ScaleWidth();
+        prntViewer()->Move(0, h, width, std::max(Window().ScaleHeight() - h, leastHeight));
+        if (mFirstResize) FinishPlacement();
+        PlaceToolbar();
+    });
+}
+
+void frmPrntServer::FinishPlacement() {
+    mFirstResize = false;
+    if (Window().State() != WindowState::Maximized) Window().Move(mLeft, mTop);
+    Windows& windows = *Platform::Current().windows;
+    const WindowHandle me = Window().hWnd();
+    windows.BringWindowToTop(me);
+    windows.SetActiveWindow(me);
+    windows.SetFocus(me);
+}
+
+void frmPrntServer::PlaceToolbar() {
+    constexpr std::int32_t top = 2;
+    const std::int32_t width = Window().ScaleWidth();
+    if (width == 0) return;
+    const Ref<Toolbar> bar = Window().ToolbarOf("Toolbar1");
+    bar->Move(mArabic ? width - bar->Width() : 0, top);
+    bar->ZOrder();
+}
+
+// The host comes back whatever happened to the saving of the place.
+void frmPrntServer::QueryUnload() {
+    mClosed = true;
+    SavePos();
+    Handle([&] {
+        if (hOwnerWnd != 0) ShowHost();
+    });
+}
+
+void frmPrntServer::Click(const std::string& name) {
+    Handle([&] { RunCommand(name); });
+}
+
+void frmPrntServer::PageChanged() {
+    UpdateViewCommands();
 }
 
 } // namespace qbrpt

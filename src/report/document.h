@@ -10,6 +10,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace qbrpt::report {
@@ -24,6 +25,8 @@ struct Sheet {
 struct DocumentContext {
     TextPort* text = nullptr;
     Sheet sheet;
+    /// From the sheet's left edge to the template's; the template is centred where none is given.
+    std::optional<Twips> leftMargin;
     double printedAt = 0; ///< day number that {printed} shows
     /// Rows of the subreports by Object::subreport; one without rows here is left out.
     std::map<std::string, std::shared_ptr<const RowSource>> subreportRows;

@@ -229,7 +229,9 @@ Twips Paginator::Measure(Level& level, const CompiledSection& section, const For
 void Paginator::Draw(Level& level, const CompiledSection& section, const FormatScope& scope, Twips height,
                      Twips sliceTop, Twips sliceBottom) {
     if (!mBuilder) return;
-    const Twips rightEdge = (mContext.sheet.width + mDefinition.definition->width) / 2 - level.rightInset;
+    const Twips width = mDefinition.definition->width;
+    const Twips left = mContext.leftMargin.value_or((mContext.sheet.width - width) / 2);
+    const Twips rightEdge = left + width - level.rightInset;
     mBuilder->Draw({section, scope, *mTexts[level.flow], rightEdge, mY - sliceTop, height, sliceTop,
                     sliceBottom, FlowOf(level).State().nextRow});
 }

@@ -30,7 +30,7 @@ void RunOwnedReport(Ref<ReportTemplate> report, const Ref<DAO::Recordset>& recor
     trap.Step([&] { report->Report()->SetPaperSize(Platform::Current().printers->Current().paperSize); });
     trap.Step([&] { report->Report()->SetPaperOrientation(Platform::Current().printers->Orientation()); });
     if (bShow) {
-        trap.Step([&] { frmPrntServer::Instance().ShowpReport(report->Report(), true); });
+        trap.Step([&] { frmPrntServer::Instance().ShowpReport(report, true); });
     } else {
         trap.Step([&] { report->Report()->PrintOut(false); });
     }

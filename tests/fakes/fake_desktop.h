@@ -1,13 +1,11 @@
-// Pointer, message boxes, windows, printers, viewer and clock of a test.
+// Pointer, message boxes, printers and clock of a test.
 #pragma once
 
-#include "platform/CRViewer.h"
+#include "base/failure.h"
 #include "platform/desktop.h"
 #include "platform/printing.h"
 
 #include <deque>
-#include <functional>
-#include <map>
 #include <optional>
 #include <string>
 #include <utility>
@@ -59,21 +57,6 @@ private:
     }
 };
 
-class FakeWindows final : public Windows {
-public:
-    WindowHandle foreground = 0;
-    std::map<WindowHandle, WindowHandle> parents;
-    std::vector<WindowHandle> asked; ///< windows whose parent was asked for
-
-private:
-    WindowHandle DoGetForegroundWindow() override { return foreground; }
-    WindowHandle DoGetParent(WindowHandle window) override {
-        asked.push_back(window);
-        const auto found = parents.find(window);
-        return found == parents.end() ? 0 : found->second;
-    }
-};
-
 class FakePrinters final : public Printers {
 public:
     std::vector<PrinterInfo> printers = {
@@ -98,23 +81,6 @@ private:
     void DoSetCurrent(const std::string& deviceName) override { First().deviceName = deviceName; }
     void DoSetPaperSize(std::int16_t paperSize) override { First().paperSize = paperSize; }
     void DoSetPaperBin(std::int16_t paperBin) override { First().paperBin = paperBin; }
-};
-
-class FakeViewer final : public CRViewer {
-public:
-    int views = 0;
-    bool arabic = false;
-    /// Runs while the report is on the screen.
-    std::function<void()> whileOpen = [] {};
-
-private:
-    Shown DoViewReport(const Ref<CrystalRuntime::Report>& report, bool inArabic) override {
-        const std::int32_t pages = report->NumberOfPages();
-        ++views;
-        arabic = inArabic;
-        whileOpen();
-        return {"", pages};
-    }
 };
 
 class FakeClock final : public Clock {

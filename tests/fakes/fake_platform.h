@@ -4,7 +4,9 @@
 #include "fakes/fake_dao.h"
 #include "fakes/fake_desktop.h"
 #include "fakes/fake_fonts.h"
+#include "fakes/fake_forms.h"
 #include "fakes/fake_report.h"
+#include "fakes/fake_windows.h"
 #include "platform/platform.h"
 
 #include <memory>
@@ -19,8 +21,10 @@ public:
         auto platform = std::make_unique<Platform>();
         platform->engine = engine;
         platform->reports = runtime;
-        platform->viewer = viewer;
+        platform->forms = forms;
         platform->windows = windows;
+        platform->tree = tree;
+        platform->registry = registry;
         platform->screen = screen;
         platform->messages = messages;
         platform->printers = printers;
@@ -38,8 +42,11 @@ public:
 
     std::shared_ptr<FakeEngine> engine = std::make_shared<FakeEngine>();
     std::shared_ptr<FakeRuntime> runtime = std::make_shared<FakeRuntime>();
-    std::shared_ptr<FakeViewer> viewer = std::make_shared<FakeViewer>();
+    std::shared_ptr<FakeForms> forms = std::make_shared<FakeForms>();
+    std::shared_ptr<FakeViewer> viewer = forms->viewer;
     std::shared_ptr<FakeWindows> windows = std::make_shared<FakeWindows>();
+    std::shared_ptr<FakeWindowTree> tree = std::make_shared<FakeWindowTree>();
+    std::shared_ptr<FakeRegistry> registry = std::make_shared<FakeRegistry>();
     std::shared_ptr<FakeScreen> screen = std::make_shared<FakeScreen>();
     std::shared_ptr<FakeMessageBoxes> messages = std::make_shared<FakeMessageBoxes>();
     std::shared_ptr<FakePrinters> printers = std::make_shared<FakePrinters>();

@@ -81,7 +81,11 @@ struct ReportRecord {
     std::string port;
     std::int16_t paperSize = 0;
     std::int16_t orientation = 0;
+    std::int32_t pages = 1;
+    std::optional<std::int32_t> leftMargin;
+    std::string application;
     int printed = 0;
+    std::vector<CrystalRuntime::PrintRange> ranges; ///< of each printing
     bool promptUser = false;
     bool alive = true;
 };
@@ -123,8 +127,9 @@ private:
     }
     void DoSetPaperSize(std::int16_t value) override { record->paperSize = value; }
     void DoSetPaperOrientation(std::int16_t value) override { record->orientation = value; }
-    void DoPrintOut(bool promptUser, const CrystalRuntime::PrintRange&) override {
+    void DoPrintOut(bool promptUser, const CrystalRuntime::PrintRange& range) override {
         ++record->printed;
+        record->ranges.push_back(range);
         record->promptUser = promptUser;
     }
     std::int32_t DoSectionCount() override { return static_cast<std::int32_t>(sections.size()); }
@@ -146,8 +151,14 @@ private:
         formatHandlers[section] = handler;
     }
     std::int32_t DoPrintingStatus() override { return 0; }
-    std::int32_t DoNumberOfPages() override { return 1; }
-    std::string DoSelectedDevice() override { return record->device; }
+    std::int32_t DoNumberOfPages() override { return record->pages; }
+    std::string DoPrinterName() override { return record->device; }
+    std::string DoDriverName() override { return record->driver; }
+    std::string DoPortName() override { return record->port; }
+    std::int16_t DoPaperSize() override { return record->paperSize; }
+    std::int16_t DoPaperOrientation() override { return record->orientation; }
+    void DoSetLeftMargin(std::int32_t margin) override { record->leftMargin = margin; }
+    void DoSetApplicationName(const std::string& name) override { record->application = name; }
 };
 
 class FakeRuntime final : public CrystalRuntime::Runtime {

@@ -60,17 +60,25 @@ public:
     void ExpectEnd(std::size_t position, BoxAnswer answer, const FaultOutcome& outcome) const {
         EXPECT_EQ(outcome.failed, 1U);
         const bool passedOver = IsSilent(position) || (InFontPass(position) && outcome.boxes.empty());
-        if (passedOver)
+        if (InWindow(position))
+            EXPECT_LE(outcome.boxes.size(), 3U); // a viewer without its report fails on
+        else if (passedOver)
             EXPECT_THAT(outcome.boxes, testing::IsEmpty());
         else if (answer == BoxAnswer::Cancel)
             EXPECT_THAT(outcome.boxes, testing::SizeIs(1));
         else
             EXPECT_FALSE(outcome.boxes.empty());
-        EXPECT_THAT(outcome.boxes,
-                    testing::Each(testing::Field(&ShownBox::style, BoxStyle::CriticalRetryCancel)));
+        EXPECT_THAT(outcome.boxes, testing::Each(testing::Field(
+                                       &ShownBox::style,
+                                       testing::AnyOf(BoxStyle::Critical, BoxStyle::CriticalRetryCancel))));
         EXPECT_EQ(outcome.pointer, PointerAfter(position, outcome.pointer));
         EXPECT_EQ(outcome.orientation,
                   OrientationAfter(position, answer == BoxAnswer::Cancel && !passedOver));
+    }
+
+    /// The preview window is up: its routines have boxes of their own, or none.
+    [[nodiscard]] bool InWindow(std::size_t position) const {
+        return position >= First("Forms.Load(") && position <= Last("Form.Unload(");
     }
 
     /// The pointer at the end: the default one, unless just that call failed.

@@ -69,9 +69,9 @@ void RemoveQueries(fakes::FakePlatform&, fakes::FakeDatabase& db) {
     db.queryDefs.clear();
 }
 
-/// A viewer, a printer and a report engine that refuse.
-class RefusingViewer final : public CRViewer {
-    Shown DoViewReport(const Ref<CrystalRuntime::Report>&, bool) override {
+/// A display, a printer and a report engine that refuse.
+class RefusingForms final : public Forms {
+    Ref<Form> DoLoad(const FormTable&, FormEvents&) override {
         throw Failure(FailureNumber::Device, "no screen");
     }
 };
@@ -87,7 +87,7 @@ void BreakPayoutQuery(fakes::FakePlatform&, fakes::FakeDatabase& db) {
     db.Fail("FROM pay_out", "no such table: pay_out");
 }
 void BreakViewer(fakes::FakePlatform&, fakes::FakeDatabase&) {
-    Platform::Current().viewer = std::make_shared<RefusingViewer>();
+    Platform::Current().forms = std::make_shared<RefusingForms>();
 }
 void RemovePrinters(fakes::FakePlatform& platform, fakes::FakeDatabase&) {
     platform.printers->count = 1; // it was there when it was counted
@@ -144,7 +144,9 @@ INSTANTIATE_TEST_SUITE_P(
                   BreakViewer,
                   true,
                   [](VantlowCls& c) { c.PrintIncome(5, 9, 0, 1); },
-                  {"ShowpReport\rno screen"},
+                  // The window, its report, both waits, the view, the showing.
+                  {"ShowpReport\rno screen", "ShowpReport\rno screen", "ShowpReport\rno screen",
+                   "ShowpReport\rno screen", "ShowpReport\rno screen", "ShowpReport\rno screen"},
                   1}),
     [](const auto& row) { return row.param.name; });
 

@@ -31,8 +31,8 @@ std::vector<std::string> ExpectedEvents(const CommandRow& row) {
     events.emplace_back("CrystalRuntime.Report.ReadRecords()");
     if (row.preview) {
         events.emplace_back("Screen.MousePointer(11)");
-        events.emplace_back("Screen.MousePointer(0)");
         events.emplace_back("CRViewer.ViewReport(true)");
+        events.emplace_back("Screen.MousePointer(0)");
         events.emplace_back("Screen.MousePointer(0)");
     } else {
         events.emplace_back("CrystalRuntime.Report.PrintOut(false, \"Lazer\", null, null, null)");

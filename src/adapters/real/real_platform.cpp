@@ -1,13 +1,15 @@
 #include "adapters/real/real_platform.h"
 
 #include "adapters/console/console_boxes.h"
+#include "adapters/console/quiet_forms.h"
 #include "adapters/console/quiet_screen.h"
+#include "adapters/console/quiet_tree.h"
 #include "adapters/database/sqlite/sqlite_engine.h"
 #include "adapters/locale/locale_adapter.h"
 #include "adapters/locale/system_clock.h"
-#include "adapters/printing/file_viewer.h"
 #include "adapters/printing/pdf_folder.h"
 #include "adapters/printing/printer_list.h"
+#include "adapters/registry/file_registry.h"
 #include "adapters/runtime/runtime.h"
 #include "adapters/text/font_source.h"
 #include "adapters/text/text_engine.h"
@@ -29,6 +31,15 @@ void TellOfFile(const std::filesystem::path& file) {
 
 } // namespace
 
+Ref<Forms> MakeFileForms(const PdfPrinter& pdfPrinter, const FileMade& made) {
+    return std::make_shared<QuietForms>([=](const Ref<CrystalRuntime::Report>& report) {
+        ReportOutput& output = OutputOf(report);
+        PrintJob job;
+        job.title = output.Title();
+        made(PdfPrinter(pdfPrinter).Print(output, job));
+    });
+}
+
 Ref<Printers> MakeInstalledPrinters() {
     std::vector<PrinterInfo> printers;
     if (PdfPrinterIsOn()) printers.push_back(PdfPrinter(PdfFolder()).Info());
@@ -38,7 +49,7 @@ Ref<Printers> MakeInstalledPrinters() {
 std::unique_ptr<Platform> MakeRealPlatform(RealParts parts) {
     const PdfPrinter pdfPrinter(PdfFolder());
     if (!parts.delivery) parts.delivery = std::make_shared<PrinterDelivery>(pdfPrinter, TellOfFile);
-    if (parts.viewer.Empty()) parts.viewer = std::make_shared<FileViewer>(pdfPrinter, TellOfFile);
+    if (parts.forms.Empty()) parts.forms = MakeFileForms(pdfPrinter, TellOfFile);
     if (parts.messages.Empty())
         parts.messages = std::make_shared<ConsoleBoxes>(std::cerr, AnswerFromSettings());
     if (parts.printers.Empty()) parts.printers = MakeInstalledPrinters();
@@ -49,8 +60,10 @@ std::unique_ptr<Platform> MakeRealPlatform(RealParts parts) {
     RuntimeServices services = ServicesOf(text::MakeTextPort(), std::move(parts.delivery));
     if (parts.layoutsFolder) services.layouts = layout::Library(*parts.layoutsFolder);
     platform->reports = MakeRuntime(std::move(services));
-    platform->viewer = std::move(parts.viewer);
+    platform->forms = std::move(parts.forms);
     platform->windows = std::make_shared<XcbWindows>();
+    platform->tree = std::make_shared<QuietTree>();
+    platform->registry = std::make_shared<FileRegistry>();
     platform->screen = std::make_shared<QuietScreen>();
     platform->messages = std::move(parts.messages);
     platform->printers = std::move(parts.printers);

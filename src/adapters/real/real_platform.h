@@ -2,8 +2,9 @@
 #pragma once
 
 #include "adapters/output/report_output.h"
-#include "platform/CRViewer.h"
+#include "adapters/printing/printer_delivery.h"
 #include "platform/desktop.h"
+#include "platform/forms.h"
 #include "platform/platform.h"
 #include "platform/printing.h"
 
@@ -15,7 +16,7 @@ namespace qbrpt {
 
 /// What takes the place of a real adapter; empty parts stay real.
 struct RealParts {
-    Ref<CRViewer> viewer;
+    Ref<Forms> forms;
     Ref<MessageBoxes> messages;
     Ref<Printers> printers;
     std::shared_ptr<Delivery> delivery;
@@ -27,6 +28,10 @@ struct RealParts {
 
 /// Never fails: a part that cannot work says so when it is used.
 [[nodiscard]] std::unique_ptr<Platform> MakeRealPlatform(RealParts parts);
+
+/// Forms of a process without windows: a report that would be shown goes into the folder of the PDF printer,
+/// whatever printer it is bound to, and `made` is told where it lies.
+[[nodiscard]] Ref<Forms> MakeFileForms(const PdfPrinter& pdfPrinter, const FileMade& made);
 
 /// The printers of this machine, the PDF printer among them unless it is switched off.
 [[nodiscard]] Ref<Printers> MakeInstalledPrinters();

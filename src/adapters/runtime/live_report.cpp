@@ -77,8 +77,40 @@ void LiveReport::DoReadRecords() {
     mState->Changed();
 }
 
-void LiveReport::DoSelectPrinter(const std::string&, const std::string& device, const std::string&) {
+void LiveReport::DoSelectPrinter(const std::string& driver, const std::string& device,
+                                 const std::string& port) {
+    mDriver = driver;
     mDevice = device;
+    mPort = port;
+}
+
+std::string LiveReport::DoPrinterName() {
+    return mDevice;
+}
+
+std::string LiveReport::DoDriverName() {
+    return mDriver;
+}
+
+std::string LiveReport::DoPortName() {
+    return mPort;
+}
+
+std::int16_t LiveReport::DoPaperSize() {
+    return mPaperSize;
+}
+
+std::int16_t LiveReport::DoPaperOrientation() {
+    return mOrientation;
+}
+
+void LiveReport::DoSetLeftMargin(std::int32_t margin) {
+    mLeftMargin = margin;
+    mState->Changed();
+}
+
+void LiveReport::DoSetApplicationName(const std::string& name) {
+    mApplication = name;
 }
 
 void LiveReport::DoSetPaperSize(std::int16_t paperSize) {
@@ -96,7 +128,7 @@ void LiveReport::DoPrintOut(bool, const CrystalRuntime::PrintRange& range) {
         throw Failure(FailureNumber::Device, "There is no printer that could take the report.");
     PrintJob job;
     job.device = mDevice;
-    job.title = Title();
+    job.title = mApplication.empty() ? Title() : mApplication + " - " + Title();
     job.paperSize = mPaperSize;
     job.orientation = mOrientation;
     job.copies = range.copies.value_or(1);
@@ -148,10 +180,6 @@ std::int32_t LiveReport::DoPrintingStatus() {
 
 std::int32_t LiveReport::DoNumberOfPages() {
     return PageCount();
-}
-
-std::string LiveReport::DoSelectedDevice() {
-    return mDevice;
 }
 
 std::string LiveReport::Device() {
@@ -219,6 +247,7 @@ report::DocumentContext LiveReport::Context() {
     const PaperExtent paper = ExtentOfPaper(mPaperSize);
     context.sheet = {paper.width, paper.height};
     if (Landscape()) std::swap(context.sheet.width, context.sheet.height);
+    context.leftMargin = mLeftMargin;
     context.printedAt = PrintedAt();
     for (const auto& [name, subreport] : mSubreports)
         if (subreport->mRows) context.subreportRows[name] = subreport->OrderedRows();

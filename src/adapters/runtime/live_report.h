@@ -42,7 +42,13 @@ private:
     void DoOnFormat(const std::string& section, const std::function<void()>& handler) override;
     std::int32_t DoPrintingStatus() override;
     std::int32_t DoNumberOfPages() override;
-    std::string DoSelectedDevice() override;
+    std::string DoPrinterName() override;
+    std::string DoDriverName() override;
+    std::string DoPortName() override;
+    std::int16_t DoPaperSize() override;
+    std::int16_t DoPaperOrientation() override;
+    void DoSetLeftMargin(std::int32_t margin) override;
+    void DoSetApplicationName(const std::string& name) override;
 
     [[nodiscard]] report::Document& Document();
     [[nodiscard]] report::DocumentContext Context();
@@ -65,7 +71,11 @@ private:
     Ref<DAO::Recordset> mData;
     std::shared_ptr<const RowSource> mRows; ///< as read; empty before
     std::shared_ptr<const RowSource> mOrdered;
+    std::string mDriver;
     std::string mDevice;
+    std::string mPort;
+    std::string mApplication;
+    std::optional<std::int32_t> mLeftMargin;
     std::int16_t mPaperSize = 9;
     std::int16_t mOrientation = 1;
     std::optional<double> mPrintedAt;

@@ -52,4 +52,38 @@ WindowHandle XcbWindows::DoGetParent(WindowHandle window) {
     return 0;
 }
 
+bool XcbWindows::DoGetWindowPlacement(WindowHandle, WindowPlace&) {
+    return false;
+}
+
+IconHandle XcbWindows::DoGetClassIcon(WindowHandle) {
+    return 0;
+}
+
+void XcbWindows::DoSetIcon(WindowHandle, IconSize, IconHandle) {}
+
+std::size_t XcbWindows::DoGetWindowTextLength(WindowHandle) {
+    return 0;
+}
+
+std::string XcbWindows::DoGetWindowText(WindowHandle, std::size_t) {
+    return {};
+}
+
+void XcbWindows::DoShowWindow(WindowHandle, ShowCommand) {}
+
+void XcbWindows::DoMoveWindow(WindowHandle, std::int32_t, std::int32_t, std::int32_t, std::int32_t) {}
+
+void XcbWindows::DoBringWindowToTop(WindowHandle) {}
+
+void XcbWindows::DoSetActiveWindow(WindowHandle) {}
+
+void XcbWindows::DoSetFocus(WindowHandle) {}
+
+std::int32_t XcbWindows::DoDoEvents() {
+    return 0;
+}
+
+void XcbWindows::DoSleepEx(std::int32_t) {}
+
 } // namespace qbrpt
