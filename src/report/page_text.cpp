@@ -2,6 +2,7 @@
 
 #include "base/utf8.h"
 #include "report/decimal_text.h"
+#include "report/page_lines.h"
 
 #include <algorithm>
 #include <cmath>
@@ -32,15 +33,10 @@ std::string Stroke(std::int32_t hundredths) {
     return std::string(text.View());
 }
 
-// Marks that only steer the order of other letters.
-bool IsInvisible(char32_t c) {
-    return (c >= 0x200E && c <= 0x200F) || (c >= 0x2066 && c <= 0x2069);
-}
-
 void AppendVisible(std::string& out, std::string_view text) {
     for (std::size_t at = 0; at < text.size();) {
         const char32_t c = NextCharacter(text, at);
-        if (!IsInvisible(c)) AppendCharacter(out, c);
+        if (!IsReadingSign(c)) AppendCharacter(out, c);
     }
 }
 
@@ -103,9 +99,7 @@ private:
     // Words of one line: drawn from left to right on one baseline, in one style and colour.
     std::size_t AddWords(std::size_t index) {
         const Item& first = mPage.items[index];
-        std::size_t end = index + 1;
-        while (end < mPage.items.size() && Continues(mPage.items[end - 1], mPage.items[end]))
-            ++end;
+        const std::size_t end = LineEnd(mPage, index);
         const Item& last = mPage.items[end - 1];
         Place("text", first);
         mOut += " w " + Points(last.x + last.width - first.x) + " " + Style(first.style) + " " +
@@ -115,32 +109,12 @@ private:
         return end;
     }
 
-    // A gap wider than a blank between words parts two columns of a table.
-    [[nodiscard]] static bool Continues(const Item& a, const Item& b) {
-        return b.kind == ItemKind::Word && b.y == a.y && b.style == a.style && b.color == a.color &&
-               b.x >= a.x + a.width && b.x - (a.x + a.width) < 120;
-    }
-
-    // Right-to-left words are read from the right, runs of left-to-right words between them from the left.
     void AddReadingOrder(std::size_t begin, std::size_t end) {
-        const auto rightToLeft = [this](std::size_t i) { return mPage.items[i].word->rightToLeft; };
-        std::vector<std::size_t> order;
-        bool anyRightToLeft = false;
-        for (std::size_t i = begin; i < end; ++i) {
-            order.push_back(i);
-            anyRightToLeft = anyRightToLeft || rightToLeft(i);
-        }
-        if (anyRightToLeft) {
-            std::reverse(order.begin(), order.end());
-            for (auto run = order.begin(); run != order.end();) {
-                const auto runEnd = std::find_if(run, order.end(), rightToLeft);
-                std::reverse(run, runEnd);
-                run = runEnd == order.end() ? runEnd : runEnd + 1;
-            }
-        }
-        for (std::size_t i = 0; i < order.size(); ++i) {
-            if (i > 0) mOut += ' ';
-            AppendVisible(mOut, mPage.items[order[i]].word->text);
+        bool isFirst = true;
+        for (const std::size_t i : ReadingOrder(mPage, begin, end)) {
+            if (!isFirst) mOut += ' ';
+            isFirst = false;
+            AppendVisible(mOut, mPage.items[i].word->text);
         }
     }
 

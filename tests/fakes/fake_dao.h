@@ -17,9 +17,10 @@ namespace qbrpt::fakes {
 
 class FakeRecordset final : public DAO::Recordset {
 public:
-    explicit FakeRecordset(std::vector<Row> rows) : mRows(std::make_shared<MemoryRows>(std::move(rows))) {}
+    explicit FakeRecordset(std::vector<Row> held) : mRows(std::make_shared<MemoryRows>(std::move(held))) {}
 
     int closed = 0;
+    std::shared_ptr<const RowSource> rows; ///< what reports read in place of the rows above
 
 private:
     [[nodiscard]] std::size_t Count() const { return mRows->RowCount(); }
@@ -55,7 +56,10 @@ private:
         throw Failure(FailureNumber::NotInCollection, "There is no column \"" + name + "\".");
     }
     void DoClose() override { ++closed; }
-    std::shared_ptr<const RowSource> DoRows() override { return mRows; }
+    std::shared_ptr<const RowSource> DoRows() override {
+        if (rows) return rows;
+        return mRows;
+    }
 
     void RequireRows() const {
         if (Count() == 0) throw Failure(FailureNumber::NoCurrentRow, "No current record.");

@@ -6,6 +6,7 @@
 #include "adapters/runtime/live_report.h"
 #include "base/failure.h"
 #include "base/numbers.h"
+#include "base/paper.h"
 #include "report/page.h"
 
 #include <algorithm>
@@ -29,9 +30,25 @@ std::int32_t LiveReport::PageCount() {
     return CheckedLong(static_cast<std::int64_t>(Document().PageCount()));
 }
 
-void LiveReport::WritePdf(ByteSink& sink, const PageRange& range, const PageProgress& progress) {
+report::Sheet LiveReport::SheetSize() {
+    const PaperExtent paper = ExtentOfPaper(mPaperSize);
+    if (Landscape()) return {paper.height, paper.width};
+    return {paper.width, paper.height};
+}
+
+void LiveReport::BuildPage(std::int32_t index, report::Page& page) {
+    Document().Build(static_cast<std::size_t>(std::max(index, 0)), page);
+    WarnOfMissingGlyphs();
+}
+
+const text::FontBook& LiveReport::Fonts() {
     if (!mServices->fonts)
-        throw Failure(FailureNumber::Output, "The report's text has no fonts that a PDF file could carry.");
+        throw Failure(FailureNumber::Output, "The report's text has no fonts to draw its pages with.");
+    return *mServices->fonts;
+}
+
+void LiveReport::WritePdf(ByteSink& sink, const PageRange& range, const PageProgress& progress) {
+    const text::FontBook& fonts = Fonts();
     mProgress = &progress;
     const std::shared_ptr<void> progressEnds(nullptr, [this](void*) { mProgress = nullptr; });
 
@@ -43,7 +60,7 @@ void LiveReport::WritePdf(ByteSink& sink, const PageRange& range, const PageProg
                       "The pages asked for, " + std::to_string(range.first.value_or(1)) + " to " +
                           std::to_string(range.last.value_or(pageCount)) +
                           ", are not in the report; it has " + std::to_string(pageCount) + ".");
-    pdf::Writer writer(sink, *mServices->fonts, {Title(), PrintedAt()});
+    pdf::Writer writer(sink, fonts, {Title(), PrintedAt()});
     report::Page page;
     const auto all = static_cast<std::size_t>(last - first + 1);
     for (std::size_t done = 0; done < all; ++done) {

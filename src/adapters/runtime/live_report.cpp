@@ -244,9 +244,7 @@ bool LiveReport::Landscape() const {
 report::DocumentContext LiveReport::Context() {
     report::DocumentContext context;
     context.text = mServices->text.get();
-    const PaperExtent paper = ExtentOfPaper(mPaperSize);
-    context.sheet = {paper.width, paper.height};
-    if (Landscape()) std::swap(context.sheet.width, context.sheet.height);
+    context.sheet = SheetSize();
     context.leftMargin = mLeftMargin;
     context.printedAt = PrintedAt();
     for (const auto& [name, subreport] : mSubreports)

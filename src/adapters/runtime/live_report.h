@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/export/export_job.h"
+#include "adapters/output/page_source.h"
 #include "adapters/output/report_output.h"
 #include "adapters/runtime/live_objects.h"
 #include "adapters/runtime/report_state.h"
@@ -17,12 +18,16 @@ namespace qbrpt {
 
 class LiveReport final : public CrystalRuntime::Report,
                          public ReportOutput,
+                         public PageSource,
                          public std::enable_shared_from_this<LiveReport> {
 public:
     LiveReport(std::shared_ptr<const RuntimeServices> services, report::Definition definition);
 
     [[nodiscard]] std::string Title() override;
     [[nodiscard]] std::int32_t PageCount() override;
+    [[nodiscard]] report::Sheet SheetSize() override;
+    void BuildPage(std::int32_t index, report::Page& page) override;
+    [[nodiscard]] const text::FontBook& Fonts() override;
     [[nodiscard]] std::string Device() override;
     void WritePdf(ByteSink& sink, const PageRange& range, const PageProgress& progress) override;
     void WriteTable(TableKind kind, ByteSink& sink, const TableProgress& progress) override;

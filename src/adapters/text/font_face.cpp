@@ -83,6 +83,25 @@ std::string FontFace::PostScriptName() const {
     return clean.empty() ? "Face" : clean;
 }
 
+std::string FontFace::File() const {
+    using Blob = std::unique_ptr<hb_blob_t, Deleter<hb_blob_destroy>>;
+    std::unique_ptr<hb_face_t, Deleter<hb_face_destroy>> alone(hb_face_reference(Face()));
+    if (hb_face_get_index(Face()) != 0) {
+        alone.reset(hb_face_builder_create());
+        std::array<hb_tag_t, 64> tags{};
+        auto count = static_cast<unsigned>(tags.size());
+        hb_face_get_table_tags(Face(), 0, &count, tags.data());
+        for (unsigned i = 0; i < count; ++i) {
+            const Blob table(hb_face_reference_table(Face(), tags.at(i)));
+            hb_face_builder_add_table(alone.get(), tags.at(i), table.get());
+        }
+    }
+    const Blob blob(hb_face_reference_blob(alone.get()));
+    unsigned length = 0;
+    const char* data = hb_blob_get_data(blob.get(), &length);
+    return data == nullptr ? std::string() : std::string(data, length);
+}
+
 FaceMetrics FontFace::Metrics() const {
     const auto scaled = [this](int units) {
         return static_cast<int>(std::lround(static_cast<float>(units) * 1000.0F / mUnitsPerEm));

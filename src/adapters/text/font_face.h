@@ -40,6 +40,9 @@ public:
     [[nodiscard]] std::string PostScriptName() const;
     [[nodiscard]] FaceMetrics Metrics() const;
 
+    /// The face as a font file of its own, also where it came out of a collection.
+    [[nodiscard]] std::string File() const;
+
     [[nodiscard]] hb_font_t* Font() const { return mFont.get(); }
     [[nodiscard]] hb_face_t* Face() const { return hb_font_get_face(mFont.get()); }
 
