@@ -15,6 +15,13 @@ double SecondsOf(clockid_t clock) {
     return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
 }
 
+double MegabytesOf(const std::string& field) {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);)
+        if (line.starts_with(field)) return std::stod(line.substr(field.size())) / 1024;
+    return 0;
+}
+
 } // namespace
 
 Elapsed TimeNow() {
@@ -22,10 +29,11 @@ Elapsed TimeNow() {
 }
 
 double PeakMegabytes() {
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);)
-        if (line.starts_with("VmHWM:")) return std::stod(line.substr(6)) / 1024;
-    return 0;
+    return MegabytesOf("VmHWM:");
+}
+
+double MegabytesNow() {
+    return MegabytesOf("VmRSS:");
 }
 
 } // namespace qbrpt::bench

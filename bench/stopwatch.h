@@ -31,5 +31,7 @@ private:
 
 /// The most memory that this process has held so far, in megabytes.
 [[nodiscard]] double PeakMegabytes();
+/// What it holds now.
+[[nodiscard]] double MegabytesNow();
 
 } // namespace qbrpt::bench
