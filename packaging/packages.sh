@@ -8,7 +8,7 @@ build_packages="g++ cmake ninja-build pkg-config
   qt6-base-dev libqt6svg6-dev"
 
 # What stands on pages: the faces of the house style, and those that every machine has.
-run_packages="fonts-noto-core fonts-dejavu-core fonts-dejavu-extra"
+run_packages="fonts-noto-core fonts-noto-ui-core fonts-dejavu-core fonts-dejavu-extra"
 
 # Configuring needs these also where no test is built.
 test_build_packages="libgtest-dev libgmock-dev"

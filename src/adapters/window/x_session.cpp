@@ -1,5 +1,7 @@
 #include "adapters/window/x_session.h"
 
+#include <algorithm>
+
 namespace qbrpt {
 
 XSession::XSession() {
@@ -31,6 +33,28 @@ std::optional<std::uint32_t> XSession::Number(xcb_window_t window, std::string_v
     return *static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
 }
 
+std::vector<std::uint32_t> XSession::Numbers(xcb_window_t window, std::string_view property, xcb_atom_t type,
+                                             std::uint32_t most) const {
+    const xcb_atom_t atom = Atom(property);
+    if (atom == XCB_ATOM_NONE) return {};
+    const auto cookie = xcb_get_property(mConnection.get(), 0, window, atom, type, 0, most);
+    const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(mConnection.get(), cookie, nullptr));
+    if (!reply || reply->format != 32) return {};
+    const auto* first = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
+    return {first, first + reply->value_len};
+}
+
+std::string XSession::Text(xcb_window_t window, std::string_view property) const {
+    constexpr std::uint32_t longest = 4096; // words of four bytes
+    const xcb_atom_t atom = Atom(property);
+    if (atom == XCB_ATOM_NONE) return {};
+    const auto cookie =
+        xcb_get_property(mConnection.get(), 0, window, atom, XCB_GET_PROPERTY_TYPE_ANY, 0, longest);
+    const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(mConnection.get(), cookie, nullptr));
+    if (!reply || reply->format != 8) return {};
+    return {static_cast<const char*>(xcb_get_property_value(reply.get())), reply->value_len};
+}
+
 bool XSession::HasProperty(xcb_window_t window, std::string_view property) const {
     const xcb_atom_t atom = Atom(property);
     if (atom == XCB_ATOM_NONE) return false;
@@ -50,6 +74,26 @@ xcb_window_t XSession::TreeParent(xcb_window_t window) const {
     const auto cookie = xcb_query_tree(mConnection.get(), window);
     const Reply<xcb_query_tree_reply_t> reply(xcb_query_tree_reply(mConnection.get(), cookie, nullptr));
     return reply ? reply->parent : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
+}
+
+void XSession::Ask(xcb_window_t window, std::string_view message,
+                   const std::array<std::uint32_t, 5>& data) const {
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = Atom(message);
+    if (event.type == XCB_ATOM_NONE) return; // then nobody would understand it either
+    std::copy(data.begin(), data.end(), event.data.data32);
+    xcb_send_event(mConnection.get(), 0, mRoot,
+                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   reinterpret_cast<const char*>(&event));
+}
+
+void XSession::Finish() const {
+    const auto cookie = xcb_get_input_focus(mConnection.get());
+    const Reply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(mConnection.get(), cookie, nullptr));
 }
 
 } // namespace qbrpt

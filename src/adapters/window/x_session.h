@@ -3,11 +3,14 @@
 
 #include <xcb/xcb.h>
 
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace qbrpt {
 
@@ -35,10 +38,22 @@ public:
     /// The first 32-bit number of a property of the given type; nothing when it is not there.
     [[nodiscard]] std::optional<std::uint32_t> Number(xcb_window_t window, std::string_view property,
                                                       xcb_atom_t type) const;
+    /// All 32-bit numbers of a property, at most `most`; none when it is not there.
+    [[nodiscard]] std::vector<std::uint32_t> Numbers(xcb_window_t window, std::string_view property,
+                                                     xcb_atom_t type, std::uint32_t most) const;
+    /// The bytes of a text property of any type; empty when it is not there.
+    [[nodiscard]] std::string Text(xcb_window_t window, std::string_view property) const;
     [[nodiscard]] bool HasProperty(xcb_window_t window, std::string_view property) const;
     [[nodiscard]] bool IsViewable(xcb_window_t window) const;
     /// The window that holds this one; none for the root and for a window that is gone.
     [[nodiscard]] xcb_window_t TreeParent(xcb_window_t window) const;
+
+    /// For requests that have no answer. Whatever is asked of a window that has gone is quietly dropped.
+    [[nodiscard]] xcb_connection_t* Connection() const { return mConnection.get(); }
+    /// Asks the window manager for something, by a message about a window.
+    void Ask(xcb_window_t window, std::string_view message, const std::array<std::uint32_t, 5>& data) const;
+    /// Returns when the server has done all that was requested.
+    void Finish() const;
 
 private:
     struct Disconnect {

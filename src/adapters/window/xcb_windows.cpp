@@ -1,19 +1,17 @@
 #include "adapters/window/xcb_windows.h"
 
+#include "adapters/window/top_window.h"
 #include "adapters/window/x_session.h"
 
 #include <unistd.h>
 
+#include <chrono>
+#include <optional>
+#include <thread>
+
 namespace qbrpt {
 
 namespace {
-
-/// Whether a window manager is running: one that has gone leaves its properties behind on the root.
-bool IsManaged(const XSession& session) {
-    constexpr std::string_view check = "_NET_SUPPORTING_WM_CHECK";
-    const auto manager = session.Number(session.Root(), check, XCB_ATOM_WINDOW);
-    return manager && session.Number(*manager, check, XCB_ATOM_WINDOW) == manager;
-}
 
 bool IsOfThisProcess(const XSession& session, xcb_window_t window) {
     const auto process = session.Number(window, "_NET_WM_PID", XCB_ATOM_CARDINAL);
@@ -52,38 +50,86 @@ WindowHandle XcbWindows::DoGetParent(WindowHandle window) {
     return 0;
 }
 
-bool XcbWindows::DoGetWindowPlacement(WindowHandle, WindowPlace&) {
-    return false;
+bool XcbWindows::DoGetWindowPlacement(WindowHandle window, WindowPlace& place) {
+    const XSession session;
+    const auto found = session.Connected() ? TopWindow(session, window).Where() : std::nullopt;
+    if (!found) return false;
+    place.flags = 0;
+    place.showCmd = PlaceCode::Normal;
+    if (found->maximised) place.showCmd = PlaceCode::Maximised;
+    if (found->minimised) place.showCmd = PlaceCode::Minimised;
+    place.minX = place.minY = place.maxX = place.maxY = -1;
+    place.left = found->left - found->frame.left;
+    place.top = found->top - found->frame.top;
+    place.right = found->left + found->width + found->frame.right;
+    place.bottom = found->top + found->height + found->frame.bottom;
+    return true;
 }
 
-IconHandle XcbWindows::DoGetClassIcon(WindowHandle) {
-    return 0;
+// A window that has an icon stands for it.
+IconHandle XcbWindows::DoGetClassIcon(WindowHandle window) {
+    const XSession session;
+    return session.Connected() && session.HasProperty(window, "_NET_WM_ICON") ? window : 0;
 }
 
-void XcbWindows::DoSetIcon(WindowHandle, IconSize, IconHandle) {}
-
-std::size_t XcbWindows::DoGetWindowTextLength(WindowHandle) {
-    return 0;
+void XcbWindows::DoSetIcon(WindowHandle window, IconSize, IconHandle icon) {
+    const XSession session;
+    if (session.Connected()) TopWindow(session, window).TakeIconOf(icon);
 }
 
-std::string XcbWindows::DoGetWindowText(WindowHandle, std::size_t) {
-    return {};
+std::size_t XcbWindows::DoGetWindowTextLength(WindowHandle window) {
+    const XSession session;
+    return session.Connected() ? TopWindow(session, window).Title().size() : 0;
 }
 
-void XcbWindows::DoShowWindow(WindowHandle, ShowCommand) {}
+std::string XcbWindows::DoGetWindowText(WindowHandle window, std::size_t size) {
+    const XSession session;
+    if (!session.Connected() || size == 0) return {};
+    return TopWindow(session, window).Title().substr(0, size - 1);
+}
 
-void XcbWindows::DoMoveWindow(WindowHandle, std::int32_t, std::int32_t, std::int32_t, std::int32_t) {}
+void XcbWindows::DoShowWindow(WindowHandle window, ShowCommand command) {
+    const XSession session;
+    if (!session.Connected() || window == XCB_WINDOW_NONE) return;
+    const TopWindow top(session, window);
+    if (command == ShowCommand::Hide) {
+        // Hidden twice it is remembered as it was before the first time.
+        if (const auto before = top.Where()) mHidden.emplace(window, *before);
+        top.Withdraw();
+    } else {
+        const auto before = mHidden.find(window);
+        top.Return(before == mHidden.end() ? std::nullopt : std::optional(before->second));
+        if (before != mHidden.end()) mHidden.erase(before);
+    }
+}
 
-void XcbWindows::DoBringWindowToTop(WindowHandle) {}
+void XcbWindows::DoMoveWindow(WindowHandle window, std::int32_t left, std::int32_t top, std::int32_t width,
+                              std::int32_t height) {
+    const XSession session;
+    if (session.Connected()) TopWindow(session, window).MoveTo(left, top, width, height);
+}
 
-void XcbWindows::DoSetActiveWindow(WindowHandle) {}
+void XcbWindows::DoBringWindowToTop(WindowHandle window) {
+    const XSession session;
+    if (session.Connected()) TopWindow(session, window).Raise();
+}
 
-void XcbWindows::DoSetFocus(WindowHandle) {}
+void XcbWindows::DoSetActiveWindow(WindowHandle window) {
+    const XSession session;
+    if (session.Connected()) TopWindow(session, window).Activate();
+}
 
+void XcbWindows::DoSetFocus(WindowHandle window) {
+    DoSetActiveWindow(window);
+}
+
+// A process that shows no windows of its own has no messages to handle.
 std::int32_t XcbWindows::DoDoEvents() {
     return 0;
 }
 
-void XcbWindows::DoSleepEx(std::int32_t) {}
+void XcbWindows::DoSleepEx(std::int32_t milliseconds) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+}
 
 } // namespace qbrpt

@@ -1,13 +1,24 @@
-// Foreground and owner windows, as an X server and its window manager tell them.
+// Windows of the process by their X11 numbers, whatever toolkit has made them.
 #pragma once
 
-#include "platform/desktop.h"
+#include "adapters/window/top_window.h"
+#include "platform/windows.h"
+
+#include <map>
 
 namespace qbrpt {
 
-/// Asks the display of the process anew at each call; without a display every answer is 0.
+/// What `showCmd` of a place says.
+namespace PlaceCode {
+constexpr std::int32_t Normal = 1;
+constexpr std::int32_t Maximised = 3;
+constexpr std::int32_t Minimised = 6;
+} // namespace PlaceCode
+
+/// Asks the display of the process anew at each call; without a display every answer is 0, and nothing is
+/// done.
 class XcbWindows : public Windows {
-private:
+protected:
     WindowHandle DoGetForegroundWindow() override;
     WindowHandle DoGetParent(WindowHandle window) override;
     bool DoGetWindowPlacement(WindowHandle window, WindowPlace& place) override;
@@ -23,6 +34,9 @@ private:
     void DoSetFocus(WindowHandle window) override;
     std::int32_t DoDoEvents() override;
     void DoSleepEx(std::int32_t milliseconds) override;
+
+private:
+    std::map<WindowHandle, TopWindow::Place> mHidden; ///< as they stood before they were hidden
 };
 
 } // namespace qbrpt

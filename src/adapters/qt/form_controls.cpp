@@ -1,0 +1,126 @@
+#include "adapters/qt/form_controls.h"
+
+#include "adapters/qt/button_bar.h"
+#include "adapters/qt/handles.h"
+#include "adapters/qt/look.h"
+#include "adapters/qt/menus.h"
+#include "adapters/qt/style_words.h"
+#include "adapters/qt/toolbars.h"
+#include "base/failure.h"
+
+#include <QtWidgets/QFrame>
+#include <QtWidgets/QMenuBar>
+
+#include <algorithm>
+#include <utility>
+
+namespace qbrpt::qt {
+
+namespace {
+
+// The classes by which mirroring tells windows apart.
+constexpr const char* FormClass = "ThunderForm";
+constexpr const char* ToolbarClass = "msvb_lib_toolbar";
+constexpr const char* ViewerClass = "CRViewer";
+
+constexpr std::uint32_t FormStyle = StyleBit::Caption;
+constexpr std::uint32_t ControlStyle = StyleBit::Child | StyleBit::Visible;
+
+template <class Map>
+auto& Named(const Map& map, const std::string& name) {
+    const auto found = map.find(name);
+    if (found == map.end())
+        throw Failure(FailureNumber::NotInCollection, "The form has no control \"" + name + "\".");
+    return *found->second;
+}
+
+bool HasButtons(const FormTable& table, std::string_view toolbar) {
+    return std::any_of(table.controls.begin(), table.controls.end(), [&](const ControlRow& row) {
+        return row.kind == ControlKind::ToolbarButton && row.parent == toolbar;
+    });
+}
+
+} // namespace
+
+FormControls::FormControls(FormWindow& window, const FormTable& table, ControlEvents events)
+    : mWindow(window), mEvents(std::move(events)),
+      mHandle(Handles::Table().Add(window, FormClass, FormStyle)) {
+    MenuBuilder menu(window.MenuBar(), mEvents.click);
+    for (const ControlRow& row : table.controls) {
+        switch (row.kind) {
+        case ControlKind::Menu:
+        case ControlKind::MenuItem:
+        case ControlKind::MenuSeparator:
+            menu.Add(row);
+            break;
+        case ControlKind::Toolbar:
+            AddToolbar(row, table);
+            break;
+        case ControlKind::ToolbarButton:
+            Named(mBars, std::string(row.parent)).AddButton(row);
+            break;
+        case ControlKind::ToolbarSeparator:
+            Named(mBars, std::string(row.parent)).AddSeparator();
+            break;
+        case ControlKind::Viewer:
+            AddViewer(row);
+            break;
+        }
+    }
+    mMenu = menu.Items();
+    for (const auto& [name, bar] : mBars)
+        bar->adjustSize();
+}
+
+FormControls::~FormControls() {
+    Handles::Table().Remove(mHandle);
+}
+
+void FormControls::AddToTree(QWidget& widget, const char* className) {
+    const WindowHandle handle = Handles::Table().Add(widget, className, ControlStyle, mHandle);
+    ApplyStyles(widget, ControlStyle, Handles::Table().Find(handle)->extendedStyle);
+}
+
+void FormControls::AddToolbar(const ControlRow& row, const FormTable& table) {
+    const std::string name(row.name);
+    if (HasButtons(table, row.name)) {
+        auto* bar = new ButtonBar(&mWindow.Client(), std::string(table.imageList), mEvents.buttonClick);
+        bar->setFixedHeight(Measure::Strip);
+        mBars[name] = bar;
+        AddToTree(*bar, ToolbarClass);
+        return;
+    }
+    auto* strip = new QFrame(&mWindow.Client());
+    strip->setObjectName("strip");
+    strip->setFixedHeight(Measure::Strip);
+    mStrips[name] = strip;
+    AddToTree(*strip, ToolbarClass);
+}
+
+void FormControls::AddViewer(const ControlRow& row) {
+    auto* viewer = new ViewerWidget(&mWindow.Client());
+    viewer->pageChanged = mEvents.pageChanged;
+    viewer->zoomStep = [click = mEvents.click](bool in) { click(in ? "mnZoomIn" : "mnZoomOut"); };
+    mViewers[std::string(row.name)] = viewer;
+    AddToTree(*viewer, ViewerClass);
+}
+
+void FormControls::StretchStrips() {
+    for (const auto& [name, strip] : mStrips)
+        strip->setGeometry(0, 0, mWindow.Client().width(), strip->height());
+}
+
+QAction& FormControls::Menu(const std::string& name) const {
+    return Named(mMenu, name);
+}
+
+Ref<Toolbar> FormControls::ToolbarOf(const std::string& name) const {
+    if (const auto bar = mBars.find(name); bar != mBars.end()) return ToolbarOver(*bar->second);
+    return ToolbarOver(Named(mStrips, name));
+}
+
+ViewerWidget& FormControls::Viewer(const std::string& name) const {
+    return Named(mViewers, name);
+}
+
+} // namespace qbrpt::qt

@@ -1,0 +1,76 @@
+#include "adapters/qt/form_window.h"
+
+#include "adapters/qt/icons.h"
+#include "adapters/qt/look.h"
+
+#include <QtGui/QCloseEvent>
+#include <QtGui/QScreen>
+#include <QtGui/QWindow>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QVBoxLayout>
+
+namespace qbrpt::qt {
+
+FormWindow::FormWindow()
+    : QWidget(nullptr, Qt::Window), mMenuBar(new QMenuBar(this)), mClient(new QWidget(this)) {
+    setObjectName("qbrptWindow");
+    // A host's last window may be hidden while this one is open: its closing must not end the host.
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setWindowModality(Qt::ApplicationModal);
+    setWindowIcon(Drawing("window"));
+    setFont(WindowFont());
+    setPalette(HousePalette());
+    setStyleSheet(HouseStyleSheet());
+
+    mMenuBar->setNativeMenuBar(false);
+    mMenuBar->setFixedHeight(Measure::MenuBar);
+    mMenuBar->setLayoutDirection(Qt::LeftToRight);
+    mClient->setLayoutDirection(Qt::LeftToRight);
+    mClient->installEventFilter(this);
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    rows->setSizeConstraint(QLayout::SetNoConstraint); // the user may make the window as small as he likes
+    rows->addWidget(mMenuBar);
+    rows->addWidget(mClient, 1);
+}
+
+void FormWindow::SetClientSize(const QSize& size) {
+    const bool hasMenu = !mMenuBar->actions().isEmpty();
+    mMenuBar->setVisible(hasMenu);
+    resize(size.width(), size.height() + (hasMenu ? Measure::MenuBar : 0));
+    layout()->activate(); // so that the client has its size before the window is first shown
+}
+
+void FormWindow::CentreOnScreen() {
+    const QRect room = screen()->availableGeometry();
+    move(room.center() - QRect(QPoint(0, 0), size()).center());
+}
+
+QMargins FormWindow::Frame() const {
+    return windowHandle() == nullptr ? QMargins() : windowHandle()->frameMargins();
+}
+
+void FormWindow::PlaceOuter(const QRect& outer, const QMargins& frame) {
+    const QMargins around = isVisible() ? Frame() : frame;
+    resize(outer.marginsRemoved(around).size());
+    move(outer.topLeft());
+    layout()->activate();
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+    closing();
+    event->accept();
+}
+
+void FormWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange && isVisible()) resized();
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == mClient && event->type() == QEvent::Resize) resized();
+    return QWidget::eventFilter(watched, event);
+}
+
+} // namespace qbrpt::qt

@@ -1,0 +1,28 @@
+// How the component's windows look, whatever the host's own look like.
+#pragma once
+
+#include <QtCore/QString>
+#include <QtGui/QFont>
+#include <QtGui/QPalette>
+
+namespace qbrpt::qt {
+
+namespace Measure {
+constexpr int MenuRow = 26;
+constexpr int MenuBar = 28;
+constexpr int Strip = 40;
+constexpr int Button = 32;
+constexpr int Icon = 24;
+constexpr int ButtonGap = 2;
+constexpr int SeparatorHeight = 22;
+constexpr int SeparatorGap = 6;
+constexpr int BarMargin = 6;
+constexpr double DisabledIcon = 0.32; ///< opacity
+} // namespace Measure
+
+[[nodiscard]] QFont WindowFont();
+[[nodiscard]] QPalette HousePalette();
+/// For a window and all that stands in it, its menus too.
+[[nodiscard]] QString HouseStyleSheet();
+
+} // namespace qbrpt::qt

@@ -1,0 +1,14 @@
+// Texts of the system as windows show them.
+#pragma once
+
+#include <QtCore/QString>
+
+namespace qbrpt::qt {
+
+/// A text that does not begin with an Arabic letter ("400 %", "No Data") keeps its order in Arabic windows.
+[[nodiscard]] QString KeptInOrder(const QString& text);
+
+/// The same for each line of a text, whichever way its lines are parted.
+[[nodiscard]] QString KeptInOrderByLines(QString text);
+
+} // namespace qbrpt::qt
