@@ -19,22 +19,44 @@ namespace qbrpt::cli {
 
 namespace {
 
-/// Boxes on standard error, which remember whether one of them told of an error.
+/// Boxes on standard error, below the line of progress.
 class CommandBoxes : public ConsoleBoxes {
 public:
     CommandBoxes(BoxAnswer onError, ProgressLine& line) : ConsoleBoxes(std::cerr, onError), mLine(line) {}
-    [[nodiscard]] bool ErrorSeen() const { return mErrorSeen; }
 
 private:
     BoxAnswer DoMsgBox(const std::string& text, int style, const std::string& title) override {
         // The user knows that he stopped it.
         if (InterruptSignal() != 0) return BoxAnswer::Cancel;
-        if (style == BoxStyle::Critical || style == BoxStyle::CriticalRetryCancel) mErrorSeen = true;
         mLine.Wipe();
         return ConsoleBoxes::DoMsgBox(text, style, title);
     }
     ProgressLine& mLine;
-    bool mErrorSeen = false;
+};
+
+/// Remembers what the user got to see, on the terminal or in windows.
+class SeenObserver : public PortObserver {
+public:
+    explicit SeenObserver(ProgressLine& line) : mLine(line) {}
+    [[nodiscard]] bool Error() const { return mError; }
+    [[nodiscard]] bool Window() const { return mWindow; }
+
+    void Called(const PortCall& call) override {
+        if (call.operation == "MsgBox") {
+            const auto style = std::get<std::int64_t>(call.arguments[1]);
+            if (style == BoxStyle::Critical || style == BoxStyle::CriticalRetryCancel) mError = true;
+        }
+        if (call.port == "Form" && call.operation == "ShowModal") {
+            mWindow = true;
+            mLine.Wipe();
+            ForgetInterrupts();
+        }
+    }
+
+private:
+    ProgressLine& mLine;
+    bool mError = false;
+    bool mWindow = false;
 };
 
 /// Says on the terminal what takes so long.
@@ -74,8 +96,9 @@ public:
 private:
     void InstallPlatform() {
         RealParts parts;
-        mBoxes = std::make_shared<CommandBoxes>(mCall.onError.value_or(AnswerFromSettings()), mLine);
-        parts.messages = Ref<MessageBoxes>(mBoxes);
+        parts.onError = mCall.onError.value_or(AnswerFromSettings());
+        if (mCall.destination != Destination::Preview)
+            parts.messages = std::make_shared<CommandBoxes>(parts.onError, mLine);
         const PageProgress progress = [this](std::size_t done, std::size_t all) { ShowPages(done, all); };
         const PdfPrinter pdfPrinter(PdfFolder(), progress);
         if (mCall.destination == Destination::Files) {
@@ -94,6 +117,8 @@ private:
             if (mCall.destination == Destination::Printer)
                 parts.forms = std::make_shared<QuietForms>(
                     [](const Ref<CrystalRuntime::Report>& report) { report->PrintOut(false); });
+            else if (mCall.destination == Destination::Preview)
+                parts.needsDisplay = true;
             else
                 parts.forms = MakeFileForms(pdfPrinter, teller);
         }
@@ -102,6 +127,7 @@ private:
         auto platform = MakeRealPlatform(std::move(parts));
         platform->observers.Add(std::make_shared<InterruptObserver>());
         platform->observers.Add(std::make_shared<ProgressObserver>(mLine));
+        platform->observers.Add(mSeen);
         Platform::Install(std::move(platform));
     }
 
@@ -142,15 +168,21 @@ private:
     }
 
     void Call(VantlowCls& object) {
-        const std::string answer = mCall.member->call(object, mCall.arguments);
+        std::vector<Argument> arguments = mCall.arguments;
+        if (mCall.destination == Destination::Preview) {
+            for (std::size_t i = 0; i < arguments.size(); ++i) {
+                if (mCall.member->arguments[i].name == "bShow") arguments[i] = std::int16_t{1};
+            }
+        }
+        const std::string answer = mCall.member->call(object, arguments);
         if (mCall.member->outcome == Outcome::Answer) std::cout << answer << std::endl;
     }
 
     [[nodiscard]] int Status() const {
         if (const int signal = InterruptSignal(); signal != 0) return Interrupted + signal;
-        if (mBoxes->ErrorSeen()) return ErrorShown;
+        if (mSeen->Error()) return ErrorShown;
         if (mCall.member->outcome != Outcome::Report) return ReportMade;
-        if (mMade || (mFiles && mFiles->Written())) return ReportMade;
+        if (mMade || mSeen->Window() || (mFiles && mFiles->Written())) return ReportMade;
         std::cerr << (mCall.database.empty() && mCall.connect.empty()
                           ? "qbrpt: nothing was made: no database was given (--db).\n"
                           : "qbrpt: no rows, nothing was made.\n");
@@ -158,9 +190,9 @@ private:
     }
 
     const MemberCall& mCall;
-    std::shared_ptr<CommandBoxes> mBoxes;
     std::shared_ptr<FileOutput> mFiles;
     ProgressLine mLine;
+    std::shared_ptr<SeenObserver> mSeen = std::make_shared<SeenObserver>(mLine);
     bool mMade = false;
 };
 

@@ -37,6 +37,13 @@ void WatchInterrupts() {
     ::signal(SIGPIPE, SIG_IGN);
 }
 
+void ForgetInterrupts() {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        struct sigaction now {};
+        if (::sigaction(signal, nullptr, &now) == 0 && now.sa_handler == Raise) ::signal(signal, SIG_DFL);
+    }
+}
+
 int InterruptSignal() {
     return cameBy;
 }

@@ -9,6 +9,9 @@ namespace qbrpt::cli {
 /// From here on an interrupt only raises the cancel flag; a second one ends the process at once.
 void WatchInterrupts();
 
+/// From here on an interrupt ends the process at once: a window is open, and only reading is left to do.
+void ForgetInterrupts();
+
 /// The signal that asked to stop, or 0.
 [[nodiscard]] int InterruptSignal();
 

@@ -33,7 +33,8 @@ ButtonBar::ButtonBar(QWidget* parent, std::string imageList, Clicked clicked)
       mRow(new QHBoxLayout(this)) {
     setObjectName("buttonBar");
     setAttribute(Qt::WA_StyledBackground);
-    mRow->setContentsMargins(Measure::BarMargin, 0, Measure::BarMargin, 0);
+    constexpr int above = (Measure::Strip - Measure::Button) / 2;
+    mRow->setContentsMargins(Measure::BarMargin, above, Measure::BarMargin, above);
     mRow->setSpacing(Measure::ButtonGap);
     mRow->setSizeConstraint(QLayout::SetFixedSize); // as wide as its buttons, and never squeezed
 }

@@ -85,7 +85,6 @@ void FormControls::AddToolbar(const ControlRow& row, const FormTable& table) {
     const std::string name(row.name);
     if (HasButtons(table, row.name)) {
         auto* bar = new ButtonBar(&mWindow.Client(), std::string(table.imageList), mEvents.buttonClick);
-        bar->setFixedHeight(Measure::Strip);
         mBars[name] = bar;
         AddToTree(*bar, ToolbarClass);
         return;

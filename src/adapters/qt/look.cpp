@@ -49,11 +49,6 @@ QMenuBar::item { background: transparent; color: #14191D; padding: 4px 10px; bor
 QMenuBar::item:selected { background: #E6ECEF; }
 QMenuBar::item:pressed { background: #1C6680; color: #FFFFFF; }
 QMenuBar::item:disabled { color: #8D969D; }
-QMenu { background: #FFFFFF; border: 1px solid #9AA4AB; padding: 4px 0; }
-QMenu::item { color: #14191D; padding: 5px 30px 5px 30px; min-width: 120px; }
-QMenu::item:selected { background: #1C6680; color: #FFFFFF; }
-QMenu::item:disabled { color: #8D969D; background: transparent; }
-QMenu::separator { height: 1px; background: #D5DBDF; margin: 4px 0; }
 #strip { background: #F8FAFB; border-top: 1px solid #DDE2E5; border-bottom: 1px solid #C4CBCF; }
 #buttonBar { background: transparent; }
 #buttonBar QFrame { background: #C4CBCF; border: none; }
@@ -61,7 +56,7 @@ QMenu::separator { height: 1px; background: #D5DBDF; margin: 4px 0; }
 #buttonBar QToolButton:hover:enabled { background: #E6ECEF; border-color: #C4CFD4; }
 #buttonBar QToolButton:checked, #buttonBar QToolButton:pressed {
     background: #D5E0E4; border-color: #9FB3BB; }
-QToolTip { background: #23292F; color: #FFFFFF; border: 1px solid #23292F; padding: 3px 6px; }
+QToolTip { background: #23292F; color: #FFFFFF; border: 1px solid #23292F; padding: 1px 3px; }
 )");
 }
 

@@ -1,6 +1,7 @@
 #include "adapters/qt/menus.h"
 
 #include "adapters/qt/look.h"
+#include "adapters/qt/menu_style.h"
 #include "adapters/qt/shown_text.h"
 
 #include <QtCore/QPointer>
@@ -65,6 +66,7 @@ void MenuBuilder::Add(const ControlRow& row) {
     if (row.kind == ControlKind::Menu) {
         auto* menu = new QMenu(&parent);
         menu->setFont(WindowFont());
+        menu->setStyle(&MenuStyle::Instance());
         action = menu->menuAction();
     } else {
         action = new QAction(&parent);

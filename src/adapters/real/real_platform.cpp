@@ -9,6 +9,12 @@
 #include "adapters/locale/system_clock.h"
 #include "adapters/printing/pdf_folder.h"
 #include "adapters/printing/printer_list.h"
+#include "adapters/qt/application.h"
+#include "adapters/qt/boxes.h"
+#include "adapters/qt/form.h"
+#include "adapters/qt/screen.h"
+#include "adapters/qt/window_tree.h"
+#include "adapters/qt/windows.h"
 #include "adapters/registry/file_registry.h"
 #include "adapters/runtime/runtime.h"
 #include "adapters/text/font_source.h"
@@ -27,6 +33,24 @@ namespace {
 
 void TellOfFile(const std::filesystem::path& file) {
     std::cerr << "qbrpt: " << file.string() << std::endl;
+}
+
+/// All that is seen, as a desktop shows it.
+void AddWindows(Platform& platform, BoxAnswer onError) {
+    platform.forms = std::make_shared<qt::QtForms>();
+    platform.windows = std::make_shared<qt::QtWindows>();
+    platform.tree = std::make_shared<qt::QtTree>(platform.windows);
+    platform.screen = std::make_shared<qt::QtScreen>();
+    platform.messages = std::make_shared<qt::QtBoxes>(std::cerr, onError);
+}
+
+/// All that would be seen, where it goes when there is nobody to see it.
+void AddFileForms(Platform& platform, BoxAnswer onError, Ref<Forms> forms) {
+    platform.forms = std::move(forms);
+    platform.windows = std::make_shared<XcbWindows>();
+    platform.tree = std::make_shared<QuietTree>();
+    platform.screen = std::make_shared<QuietScreen>();
+    platform.messages = std::make_shared<ConsoleBoxes>(std::cerr, onError);
 }
 
 } // namespace
@@ -49,9 +73,6 @@ Ref<Printers> MakeInstalledPrinters() {
 std::unique_ptr<Platform> MakeRealPlatform(RealParts parts) {
     const PdfPrinter pdfPrinter(PdfFolder());
     if (!parts.delivery) parts.delivery = std::make_shared<PrinterDelivery>(pdfPrinter, TellOfFile);
-    if (parts.forms.Empty()) parts.forms = MakeFileForms(pdfPrinter, TellOfFile);
-    if (parts.messages.Empty())
-        parts.messages = std::make_shared<ConsoleBoxes>(std::cerr, AnswerFromSettings());
     if (parts.printers.Empty()) parts.printers = MakeInstalledPrinters();
     if (!parts.trace) parts.trace = TraceFromSettings();
 
@@ -60,12 +81,13 @@ std::unique_ptr<Platform> MakeRealPlatform(RealParts parts) {
     RuntimeServices services = ServicesOf(text::MakeTextPort(), std::move(parts.delivery));
     if (parts.layoutsFolder) services.layouts = layout::Library(*parts.layoutsFolder);
     platform->reports = MakeRuntime(std::move(services));
-    platform->forms = std::move(parts.forms);
-    platform->windows = std::make_shared<XcbWindows>();
-    platform->tree = std::make_shared<QuietTree>();
     platform->registry = std::make_shared<FileRegistry>();
-    platform->screen = std::make_shared<QuietScreen>();
-    platform->messages = std::move(parts.messages);
+    if (parts.forms.Empty() && (parts.needsDisplay || qt::DisplayIsThere()))
+        AddWindows(*platform, parts.onError);
+    else
+        AddFileForms(*platform, parts.onError,
+                     parts.forms.Empty() ? MakeFileForms(pdfPrinter, TellOfFile) : parts.forms);
+    if (!parts.messages.Empty()) platform->messages = std::move(parts.messages);
     platform->printers = std::move(parts.printers);
     platform->fonts = std::shared_ptr<FontSource>(text::MakeFontSource());
     platform->locale = MakeLocale();

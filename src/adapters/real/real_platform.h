@@ -1,6 +1,7 @@
 // The platform of a real run, with parts that a host of the house may put its own in for.
 #pragma once
 
+#include "adapters/console/console_boxes.h"
 #include "adapters/output/report_output.h"
 #include "adapters/printing/printer_delivery.h"
 #include "platform/desktop.h"
@@ -16,8 +17,13 @@ namespace qbrpt {
 
 /// What takes the place of a real adapter; empty parts stay real.
 struct RealParts {
+    /// Empty: real windows where there is a display, else files in the folder of the PDF printer.
     Ref<Forms> forms;
+    /// Without a display a report that would be shown is then a failure, not a file.
+    bool needsDisplay = false;
     Ref<MessageBoxes> messages;
+    /// To boxes that no window can show; without it as QBRPT_ON_ERROR says.
+    BoxAnswer onError = AnswerFromSettings();
     Ref<Printers> printers;
     std::shared_ptr<Delivery> delivery;
     /// Takes the place of the trace that QBRPT_TRACE names.
