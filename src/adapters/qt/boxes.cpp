@@ -111,7 +111,8 @@ BoxAnswer QtBoxes::DoMsgBox(const std::string& text, int style, const std::strin
     box.exec();
     const auto clicked = buttons.indexOf(qobject_cast<QPushButton*>(box.clickedButton()));
     // Closed by the end of the application: the answer that gives up.
-    return clicked < 0 ? BoxAnswer::Cancel : ButtonsOf(style)[static_cast<std::size_t>(clicked)].answer;
+    if (clicked < 0) return buttons.size() == 1 ? BoxAnswer::Ok : BoxAnswer::Cancel;
+    return ButtonsOf(style)[static_cast<std::size_t>(clicked)].answer;
 }
 
 } // namespace qbrpt::qt
