@@ -12,7 +12,7 @@ run_packages="fonts-noto-core fonts-noto-ui-core fonts-dejavu-core fonts-dejavu-
 
 # Configuring needs these also where no test is built.
 test_build_packages="libgtest-dev libgmock-dev"
-test_packages="poppler-utils qpdf mupdf-tools sqlite3 python3 python3-openpyxl xvfb xauth openbox xterm x11-utils"
+test_packages="poppler-utils qpdf mupdf-tools sqlite3 python3 python3-openpyxl xvfb xauth openbox xterm x11-utils xdotool"
 
 # install_missing PACKAGE... installs those that are not there yet; quiet, and does nothing when all are.
 install_missing() {
