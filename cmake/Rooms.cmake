@@ -36,14 +36,15 @@ function(qbrpt_room name folder)
   set_property(GLOBAL APPEND PROPERTY QBRPT_ROOMS qbrpt_${name})
 endfunction()
 
-# qbrpt_test(NAME [USES library...]): the test program of tests/NAME/*.cpp; each test runs in a process of its own.
+# qbrpt_test(NAME [USES library...]): the test program of tests/NAME/*.cpp; each test runs in a process of its own,
+# which sees no display: a test that wants one makes it.
 function(qbrpt_test name)
   cmake_parse_arguments(TEST "" "" "USES" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/tests/${name}/*.cpp")
   if(NOT sources)
     return()
   endif()
-  add_executable(test_${name} ${sources})
+  add_executable(test_${name} ${sources} "${CMAKE_SOURCE_DIR}/tests/no_display.cpp")
   target_link_libraries(test_${name} PRIVATE qbrpt_options ${TEST_USES} GTest::gmock_main)
   target_include_directories(test_${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
   target_compile_options(test_${name} PRIVATE -O1) # tests are compiled more often than they are waited for

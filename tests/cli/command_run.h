@@ -15,7 +15,8 @@ inline std::vector<std::string> CommandOf(std::vector<std::string> words) {
 }
 
 inline ProgramResult Qbrpt(const std::vector<std::string>& words, ChildProcess::Environment settings = {}) {
-    settings.try_emplace("DISPLAY", "");
+    for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        settings.try_emplace(variable, "");
     return RunProgram(CommandOf(words), settings);
 }
 

@@ -162,7 +162,7 @@ TEST(Program, MembersToComeSayOnlyThat) {
 TEST(Program, PrintingGoesToTheFolderOfThePdfPrinter) {
     const Cafe cafe;
     for (const std::vector<std::string>& words :
-         {std::vector<std::string>{}, {"--print"}, {"--print", "--printer", "qbrpt PDF"}, {"--preview"}}) {
+         {std::vector<std::string>{}, {"--print"}, {"--print", "--printer", "qbrpt PDF"}}) {
         fs::remove_all(cafe.File("pages"));
         const ProgramResult result = cafe.Income(words);
         EXPECT_EQ(result.status, 0) << result.err;

@@ -8,6 +8,8 @@
 #include "adapters/qt/shown_text.h"
 
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLayout>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 
@@ -22,6 +24,7 @@ constexpr int IconBits = 0xF0;
 constexpr int DefaultBits = 0xF00;
 constexpr int DefaultShift = 8;
 constexpr int IconPixels = 40;
+constexpr int Padding = 14;
 
 struct BoxButton {
     BoxAnswer answer;
@@ -61,8 +64,9 @@ QString IconOf(int style) {
 
 QString BoxStyleSheet() {
     return QStringLiteral(R"(
-QMessageBox { background: #FFFFFF; }
+QMessageBox { background: #F1F3F4; }
 QLabel { color: #14191D; }
+#qt_msgbox_label { min-width: 220px; }
 QPushButton { background: #FBFCFC; color: #14191D; border: 1px solid #9AA4AB; border-radius: 4px;
     min-width: 72px; min-height: 16px; padding: 5px 7px; }
 QPushButton:hover { background: #E6ECEF; }
@@ -100,6 +104,7 @@ BoxAnswer QtBoxes::DoMsgBox(const std::string& text, int style, const std::strin
     box.setPalette(HousePalette());
     box.setStyleSheet(BoxStyleSheet());
     box.setLayoutDirection(Qt::RightToLeft);
+    box.setWindowIcon(Drawing("window"));
     box.setWindowTitle(QString::fromStdString(title));
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -107,6 +112,9 @@ BoxAnswer QtBoxes::DoMsgBox(const std::string& text, int style, const std::strin
     if (const QString icon = IconOf(style); !icon.isEmpty())
         box.setIconPixmap(Drawing(icon).pixmap(QSize(IconPixels, IconPixels), box.devicePixelRatio()));
     const QList<QPushButton*> buttons = AddButtons(box, style);
+    box.layout()->setContentsMargins(Padding, Padding, Padding, Padding);
+    if (auto* words = box.findChild<QLabel*>("qt_msgbox_label"))
+        words->setAlignment(Qt::AlignVCenter | Qt::AlignLeading);
     if (box.parentWidget() == nullptr) StandOverHost(box);
     box.exec();
     const auto clicked = buttons.indexOf(qobject_cast<QPushButton*>(box.clickedButton()));
