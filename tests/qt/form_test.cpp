@@ -231,6 +231,20 @@ TEST_F(BuiltForm, AWindowThatIsDroppedRunsNoRules) {
     EXPECT_THAT(events.heard, Not(Contains("unload")));
 }
 
+TEST_F(BuiltForm, TwoHundredLeaveNothingBehind) {
+    form.Clear();
+    const auto before = QApplication::allWidgets().size();
+    for (int turn = 1; turn <= 200; ++turn) {
+        form = Platform::Current().forms->Load(PrintServerTable(), events);
+        QTimer::singleShot(0, [this] { Window().close(); });
+        form->ShowModal();
+        form.Clear();
+    }
+    EXPECT_EQ(QApplication::allWidgets().size(), before);
+    EXPECT_TRUE(qt::Handles::Table().Tops().empty());
+    EXPECT_EQ(std::count(events.heard.begin(), events.heard.end(), "unload"), 200);
+}
+
 TEST_F(BuiltForm, CountsAsOpenUntilItIsClosed) {
     Windows& windows = *Platform::Current().windows;
     EXPECT_EQ(windows.DoEvents(), 1);
