@@ -1,7 +1,10 @@
 // The preview on a real screen with a window manager, over hosts of every kind.
 #include "adapters/qt/application.h"
 #include "adapters/qt/button_bar.h"
+#include "adapters/runtime/runtime.h"
+#include "adapters/text/text_engine.h"
 #include "preview/frmPrntServer.h"
+#include "samples/sample_rows.h"
 #include "support/owner_window.h"
 #include "templates/PayOutRpt.h"
 #include "tools/x_desktop.h"
@@ -32,20 +35,26 @@ void User(std::vector<std::string> does) {
     EXPECT_EQ(RunProgram(std::move(does)).status, 0);
 }
 
+struct NoDelivery final : Delivery {
+    void Print(ReportOutput&, const PrintJob&) override { ADD_FAILURE() << "nobody has asked for paper"; }
+};
+
 class Desktop : public ::testing::Test {
 protected:
     Desktop() {
         desktop.StartManager();
         Platform::Current().messages = platform.messages; // a box that nobody expects would wait for ever
+        Platform::Current().reports =
+            MakeRuntime(ServicesOf(std::make_shared<text::TextEngine>(), std::make_shared<NoDelivery>()));
         report = std::make_shared<PayOutRpt>();
+        constexpr std::size_t severalPages = 200;
+        report->Report()->SetDataSource(
+            std::make_shared<fakes::FakeRecordset>(samples::Payments(severalPages)), 3);
+        report->Report()->ReadRecords();
         const PrinterInfo& printer = platform.printers->printers[0];
-        fakes::ReportRecord& record = *platform.runtime->made.back();
-        record.driver = printer.driverName;
-        record.device = printer.deviceName;
-        record.port = printer.port;
-        record.paperSize = printer.paperSize;
-        record.orientation = printer.orientation;
-        record.pages = 3;
+        report->Report()->SelectPrinter(printer.driverName, printer.deviceName, printer.port);
+        report->Report()->SetPaperSize(printer.paperSize);
+        report->Report()->SetPaperOrientation(printer.orientation);
         hOwnerWnd = 0;
     }
     ~Desktop() override {
