@@ -8,8 +8,8 @@
 #include "adapters/qt/shown_text.h"
 
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QGridLayout>
 #include <QtWidgets/QLabel>
-#include <QtWidgets/QLayout>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 
@@ -25,6 +25,7 @@ constexpr int DefaultBits = 0xF00;
 constexpr int DefaultShift = 8;
 constexpr int IconPixels = 40;
 constexpr int Padding = 14;
+constexpr int LeastWidth = 280;
 
 struct BoxButton {
     BoxAnswer answer;
@@ -33,11 +34,11 @@ struct BoxButton {
 
 constexpr BoxButton Ok{BoxAnswer::Ok, "موافق"};
 constexpr BoxButton Cancel{BoxAnswer::Cancel, "إلغاء الأمر"};
-constexpr BoxButton Abort{BoxAnswer::Abort, "إ&حباط"};
-constexpr BoxButton Retry{BoxAnswer::Retry, "إ&عادة المحاولة"};
-constexpr BoxButton Ignore{BoxAnswer::Ignore, "&تجاهل"};
-constexpr BoxButton Yes{BoxAnswer::Yes, "&نعم"};
-constexpr BoxButton No{BoxAnswer::No, "&لا"};
+constexpr BoxButton Abort{BoxAnswer::Abort, "إحباط"};
+constexpr BoxButton Retry{BoxAnswer::Retry, "إعادة المحاولة"};
+constexpr BoxButton Ignore{BoxAnswer::Ignore, "تجاهل"};
+constexpr BoxButton Yes{BoxAnswer::Yes, "نعم"};
+constexpr BoxButton No{BoxAnswer::No, "لا"};
 
 std::span<const BoxButton> ButtonsOf(int style) {
     static constexpr BoxButton sets[][3] = {
@@ -66,7 +67,6 @@ QString BoxStyleSheet() {
     return QStringLiteral(R"(
 QMessageBox { background: #F1F3F4; }
 QLabel { color: #14191D; }
-#qt_msgbox_label { min-width: 220px; }
 QPushButton { background: #FBFCFC; color: #14191D; border: 1px solid #9AA4AB; border-radius: 4px;
     min-width: 72px; min-height: 16px; padding: 5px 7px; }
 QPushButton:hover { background: #E6ECEF; }
@@ -91,6 +91,15 @@ QList<QPushButton*> AddButtons(QMessageBox& box, int style) {
     return buttons;
 }
 
+void LayOut(QMessageBox& box) {
+    box.layout()->setContentsMargins(Padding, Padding, Padding, Padding);
+    if (auto* words = box.findChild<QLabel*>("qt_msgbox_label"))
+        words->setAlignment(Qt::AlignVCenter | Qt::AlignLeading);
+    // A row of its own keeps boxes of few words from being too narrow.
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+        grid->addItem(new QSpacerItem(LeastWidth, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 } // namespace
 
 BoxAnswer QtBoxes::DoMsgBox(const std::string& text, int style, const std::string& title) {
@@ -112,9 +121,7 @@ BoxAnswer QtBoxes::DoMsgBox(const std::string& text, int style, const std::strin
     if (const QString icon = IconOf(style); !icon.isEmpty())
         box.setIconPixmap(Drawing(icon).pixmap(QSize(IconPixels, IconPixels), box.devicePixelRatio()));
     const QList<QPushButton*> buttons = AddButtons(box, style);
-    box.layout()->setContentsMargins(Padding, Padding, Padding, Padding);
-    if (auto* words = box.findChild<QLabel*>("qt_msgbox_label"))
-        words->setAlignment(Qt::AlignVCenter | Qt::AlignLeading);
+    LayOut(box);
     if (box.parentWidget() == nullptr) StandOverHost(box);
     box.exec();
     const auto clicked = buttons.indexOf(qobject_cast<QPushButton*>(box.clickedButton()));

@@ -101,6 +101,7 @@ void FormControls::AddViewer(const ControlRow& row) {
     viewer->pageChanged = mEvents.pageChanged;
     viewer->zoomStep = [click = mEvents.click](bool in) { click(in ? "mnZoomIn" : "mnZoomOut"); };
     mViewers[std::string(row.name)] = viewer;
+    mWindow.setFocusProxy(viewer); // what is typed goes to the pages
     AddToTree(*viewer, ViewerClass);
 }
 

@@ -2,6 +2,7 @@
 
 #include "adapters/qt/icons.h"
 #include "adapters/qt/look.h"
+#include "adapters/qt/menu_style.h"
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QScreen>
@@ -23,6 +24,7 @@ FormWindow::FormWindow()
     setStyleSheet(HouseStyleSheet());
 
     mMenuBar->setNativeMenuBar(false);
+    mMenuBar->setStyle(&MenuStyle::Instance());
     mMenuBar->setFixedHeight(Measure::MenuBar);
     mMenuBar->setLayoutDirection(Qt::LeftToRight);
     mClient->setLayoutDirection(Qt::LeftToRight);

@@ -44,11 +44,6 @@ QPalette HousePalette() {
 QString HouseStyleSheet() {
     return QStringLiteral(R"(
 #qbrptWindow { background: #F1F3F4; }
-QMenuBar { background: #F1F3F4; border: none; padding: 1px 8px; }
-QMenuBar::item { background: transparent; color: #14191D; padding: 4px 10px; border-radius: 3px; }
-QMenuBar::item:selected { background: #E6ECEF; }
-QMenuBar::item:pressed { background: #1C6680; color: #FFFFFF; }
-QMenuBar::item:disabled { color: #8D969D; }
 #strip { background: #F8FAFB; border-top: 1px solid #DDE2E5; border-bottom: 1px solid #C4CBCF; }
 #buttonBar { background: transparent; }
 #buttonBar QFrame { background: #C4CBCF; border: none; }

@@ -1,5 +1,6 @@
 #include "adapters/qt/menu_style.h"
 
+#include "adapters/qt/caption_painter.h"
 #include "adapters/qt/look.h"
 
 #include <QtGui/QPainter>
@@ -15,10 +16,13 @@ constexpr int AfterShortcut = 14;
 constexpr int Between = 36;
 constexpr int SeparatorRow = 9;
 constexpr int ArrowSize = 4;
+constexpr int BarItemPadding = 10;
+constexpr int BarMargin = 8;
 
 constexpr const char* Border = "#9AA4AB";
 constexpr const char* Line = "#D5DBDF";
 constexpr const char* Shortcut = "#3C444B";
+constexpr const char* Hot = "#E6ECEF";
 
 void DrawArrow(QPainter& painter, const QRect& row, bool rightToLeft) {
     const qreal side = rightToLeft ? -1 : 1;
@@ -46,19 +50,33 @@ void DrawItem(QPainter& painter, const QStyleOptionMenuItem& item) {
     const bool rightToLeft = item.direction == Qt::RightToLeft;
     const QRect inside = rightToLeft ? row.adjusted(AfterShortcut, 0, -BeforeCaption, 0)
                                      : row.adjusted(BeforeCaption, 0, -AfterShortcut, 0);
-    const auto side = [&](bool leading) {
-        return Qt::AlignVCenter | Qt::AlignAbsolute |
-               (leading == rightToLeft ? Qt::AlignRight : Qt::AlignLeft) | Qt::TextSingleLine;
-    };
     painter.setFont(item.font);
-    painter.setLayoutDirection(item.direction);
     painter.setPen(ink);
-    painter.drawText(inside, static_cast<int>(side(true)) | Qt::TextShowMnemonic,
-                     item.text.section('\t', 0, 0));
+    DrawCaption(painter, inside, CaptionPlace::Leading, item.direction, item.text.section('\t', 0, 0));
     if (item.menuItemType == QStyleOptionMenuItem::SubMenu) return DrawArrow(painter, row, rightToLeft);
     if (enabled && !chosen) painter.setPen(QColor(Shortcut));
-    painter.setLayoutDirection(Qt::LeftToRight);
-    painter.drawText(inside, static_cast<int>(side(false)), item.text.section('\t', 1));
+    // Keys are named left to right, at whichever side they stand.
+    DrawCaption(painter, inside, rightToLeft ? CaptionPlace::Leading : CaptionPlace::Trailing,
+                Qt::LeftToRight, item.text.section('\t', 1).replace('&', "&&"));
+}
+
+void DrawBarItem(QPainter& painter, const QStyleOptionMenuItem& item) {
+    const QPalette palette = HousePalette();
+    painter.fillRect(item.rect, palette.window());
+    const bool enabled = (item.state & QStyle::State_Enabled) != 0;
+    const bool open = enabled && (item.state & QStyle::State_Sunken) != 0;
+    const bool hot = enabled && (item.state & QStyle::State_Selected) != 0;
+    if (open || hot) {
+        constexpr qreal round = 3;
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(open ? palette.highlight() : QBrush(QColor(Hot)));
+        painter.drawRoundedRect(item.rect.adjusted(1, 1, -1, -1), round, round);
+    }
+    const QPalette::ColorGroup group = enabled ? QPalette::Active : QPalette::Disabled;
+    painter.setPen(palette.color(group, open ? QPalette::HighlightedText : QPalette::Text));
+    painter.setFont(WindowFont());
+    DrawCaption(painter, item.rect, CaptionPlace::Middle, item.direction, item.text);
 }
 
 } // namespace
@@ -74,10 +92,16 @@ MenuStyle& MenuStyle::Instance() {
 void MenuStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                             const QWidget* widget) const {
     const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
-    if (element != CE_MenuItem || item == nullptr)
+    const bool ours = item != nullptr && (element == CE_MenuItem || element == CE_MenuBarItem);
+    if (!ours && element != CE_MenuBarEmptyArea)
         return QProxyStyle::drawControl(element, option, painter, widget);
     painter->save();
-    DrawItem(*painter, *item);
+    if (element == CE_MenuBarEmptyArea)
+        painter->fillRect(option->rect, HousePalette().window());
+    else if (element == CE_MenuBarItem)
+        DrawBarItem(*painter, *item);
+    else
+        DrawItem(*painter, *item);
     painter->restore();
 }
 
@@ -100,6 +124,7 @@ void MenuStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
 QSize MenuStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                   const QWidget* widget) const {
     const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (type == CT_MenuBarItem) return {size.width() + 2 * BarItemPadding, Measure::MenuRow};
     if (type != CT_MenuItem || item == nullptr)
         return QProxyStyle::sizeFromContents(type, option, size, widget);
     const int height =
@@ -111,6 +136,9 @@ int MenuStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const
     if (metric == PM_MenuVMargin) return 4;
     if (metric == PM_MenuHMargin) return 0;
     if (metric == PM_MenuPanelWidth) return 1;
+    if (metric == PM_MenuBarHMargin) return BarMargin;
+    if (metric == PM_MenuBarVMargin) return 1;
+    if (metric == PM_MenuBarItemSpacing || metric == PM_MenuBarPanelWidth) return 0;
     return QProxyStyle::pixelMetric(metric, option, widget);
 }
 

@@ -1,4 +1,4 @@
-// How menus that drop down are drawn.
+// How menu bars and menus are drawn.
 #pragma once
 
 #include <QtWidgets/QProxyStyle>
@@ -8,7 +8,7 @@ namespace qbrpt::qt {
 /// Captions where reading begins, shortcuts in grey at the other side, in either direction.
 class MenuStyle final : public QProxyStyle {
 public:
-    /// The one for all menus.
+    /// The one for all of them.
     static MenuStyle& Instance();
 
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

@@ -46,6 +46,11 @@ void SetCaptionOf(QAction& action, const QString& caption) {
     action.setText(KeptInOrder(caption));
 }
 
+void DressMenu(QMenu& menu) {
+    menu.setFont(WindowFont());
+    menu.setStyle(&MenuStyle::Instance());
+}
+
 void SetMenuDirection(QAction& action, bool rightToLeft) {
     QMenu* menu = action.menu();
     if (menu == nullptr) return;
@@ -65,8 +70,7 @@ void MenuBuilder::Add(const ControlRow& row) {
     QAction* action = nullptr;
     if (row.kind == ControlKind::Menu) {
         auto* menu = new QMenu(&parent);
-        menu->setFont(WindowFont());
-        menu->setStyle(&MenuStyle::Instance());
+        DressMenu(*menu);
         action = menu->menuAction();
     } else {
         action = new QAction(&parent);

@@ -36,6 +36,9 @@ private:
 [[nodiscard]] QString CaptionOf(const QAction& action);
 void SetCaptionOf(QAction& action, const QString& caption);
 
+/// Gives a menu that drops down the look of all our menus.
+void DressMenu(QMenu& menu);
+
 /// Turns the menu that drops down from an item, and all that cascade from it.
 void SetMenuDirection(QAction& action, bool rightToLeft);
 
