@@ -200,6 +200,24 @@ TEST_F(ForeignHost, UsersKeysAndClicksReachThePreview) {
     EXPECT_TRUE(Soon([&] { return host.Viewable(); }));
 }
 
+TEST_F(Desktop, ThePagesTellMenuAndButtonsOfTheirMoves) {
+    EXPECT_TRUE(Show([&] {
+        ASSERT_TRUE(Waits([] { return OpenForm()->isActiveWindow(); }));
+        const auto enabled = [](const char* item) {
+            return OpenForm()->findChild<QAction*>(item)->isEnabled();
+        };
+        EXPECT_TRUE(enabled("mnLastPage"));
+        User({"key", "ctrl+End"}); // a key of the viewer's own, which has the focus
+        EXPECT_TRUE(Waits([&] { return !enabled("mnLastPage") && enabled("mnFirstPage"); }));
+        EXPECT_FALSE(OpenForm()->findChild<qt::BarButton*>("last")->isEnabled());
+
+        const QPoint pages = OpenForm()->mapToGlobal(OpenForm()->rect().center());
+        User({"mousemove", "--sync", std::to_string(pages.x()), std::to_string(pages.y())});
+        User({"keydown", "ctrl", "click", "4", "keyup", "ctrl"}); // the wheel away from the user
+        EXPECT_TRUE(Waits([&] { return !enabled("mnZoom200") && enabled("mnZoom100"); }));
+    }));
+}
+
 /// A host that Qt has made.
 class QtHost : public Desktop {
 protected:

@@ -100,6 +100,7 @@ void FormControls::AddViewer(const ControlRow& row) {
     auto* viewer = new ViewerWidget(&mWindow.Client());
     viewer->pageChanged = mEvents.pageChanged;
     viewer->zoomStep = [click = mEvents.click](bool in) { click(in ? "mnZoomIn" : "mnZoomOut"); };
+    viewer->dressMenu = DressMenu;
     mViewers[std::string(row.name)] = viewer;
     mWindow.setFocusProxy(viewer); // what is typed goes to the pages
     AddToTree(*viewer, ViewerClass);
