@@ -68,7 +68,6 @@ protected:
     bool Show(const std::function<void()>& act = [] {}) {
         qt::RequireApplication();
         const Meanwhile meanwhile({[&] {
-            ASSERT_TRUE(Waits([] { return OpenForm() != nullptr && OpenForm()->windowHandle() != nullptr; }));
             EXPECT_TRUE(OpenForm()->isMinimized() || QTest::qWaitForWindowExposed(OpenForm()));
             act();
             if (OpenForm() != nullptr) OpenForm()->close();

@@ -44,13 +44,12 @@ private:
     TempFolder mRuntime;
 };
 
-/// Does one thing after the other while windows are open.
+/// Does one thing after the other, from the time at which a window waits for its user.
 class Meanwhile {
 public:
     using Step = std::function<void()>;
     explicit Meanwhile(std::vector<Step> steps)
         : mSteps(std::make_shared<std::vector<Step>>(std::move(steps))) {
-        // The timers that begin are of the application that is made meanwhile.
         Next(mSteps, 0);
     }
 
@@ -59,6 +58,8 @@ private:
         if (position == steps->size()) return;
         constexpr int milliseconds = 80;
         QTimer::singleShot(milliseconds, qApp, [=] {
+            // Before that, events are only handled in between, and nothing goes on until a step returns.
+            if (position == 0 && QApplication::activeModalWidget() == nullptr) return Next(steps, 0);
             Next(steps, position + 1); // first: a step may open a window that the next one closes
             (*steps)[position]();
         });

@@ -46,6 +46,7 @@ void FormWindow::SetClientSize(const QSize& size) {
 
 void FormWindow::CentreOnScreen() {
     const QRect room = screen()->availableGeometry();
+    resize(size().boundedTo(room.size()));
     move(room.center() - QRect(QPoint(0, 0), size()).center());
 }
 
