@@ -256,6 +256,9 @@ TEST_F(QtHost, MaximisedGetsAMaximisedPreviewOfItsOwnNormalSize) {
     ASSERT_TRUE(Waits([&] { return host->width() == 1024; }));
     EXPECT_TRUE(Show([&] {
         EXPECT_TRUE(Waits([&] { return OpenForm()->width() == 1024; }));
+        // Qt loses sight of a window that changes twice before the window manager has answered once.
+        EXPECT_TRUE(Waits([] { return OpenForm()->isActiveWindow(); }));
+        QTest::qWait(300);
         OpenForm()->showNormal();
         EXPECT_TRUE(Waits([&] { return Normal(Me())[2] - Normal(Me())[0] == place[2] - place[0]; }))
             << ::testing::PrintToString(Normal(Me())) << ::testing::PrintToString(place);
