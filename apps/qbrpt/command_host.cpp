@@ -37,7 +37,7 @@ private:
 /// Remembers what the user got to see, on the terminal or in windows.
 class SeenObserver : public PortObserver {
 public:
-    explicit SeenObserver(ProgressLine& line) : mLine(line) {}
+    SeenObserver(ProgressLine& line, bool showsWindows) : mLine(line), mShowsWindows(showsWindows) {}
     [[nodiscard]] bool Error() const { return mError; }
     [[nodiscard]] bool Window() const { return mWindow; }
 
@@ -46,7 +46,8 @@ public:
             const auto style = std::get<std::int64_t>(call.arguments[1]);
             if (style == BoxStyle::Critical || style == BoxStyle::CriticalRetryCancel) mError = true;
         }
-        if (call.port == "Form" && call.operation == "ShowModal") {
+        // Where no window is shown a file is written at that moment, which an interrupt must not cut short.
+        if (mShowsWindows && call.port == "Form" && call.operation == "ShowModal") {
             mWindow = true;
             mLine.Wipe();
             ForgetInterrupts();
@@ -55,6 +56,7 @@ public:
 
 private:
     ProgressLine& mLine;
+    bool mShowsWindows;
     bool mError = false;
     bool mWindow = false;
 };
@@ -192,7 +194,8 @@ private:
     const MemberCall& mCall;
     std::shared_ptr<FileOutput> mFiles;
     ProgressLine mLine;
-    std::shared_ptr<SeenObserver> mSeen = std::make_shared<SeenObserver>(mLine);
+    std::shared_ptr<SeenObserver> mSeen =
+        std::make_shared<SeenObserver>(mLine, mCall.destination == Destination::Preview);
     bool mMade = false;
 };
 
