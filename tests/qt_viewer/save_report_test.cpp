@@ -2,10 +2,6 @@
 #include "tools/temp_folder.h"
 #include "viewer_fixture.h"
 
-#include <QtCore/QTimer>
-#include <QtWidgets/QDialogButtonBox>
-#include <QtWidgets/QFileDialog>
-#include <QtWidgets/QPushButton>
 #include <gmock/gmock.h>
 
 namespace qbrpt::viewer {
@@ -18,50 +14,31 @@ using testing::StartsWith;
 using qbrpt::test::ContentOf;
 using qbrpt::test::TempFolder;
 
-/// Answers the file dialog, as soon as it is up, with a file.
-void ChooseSoon(const std::filesystem::path& file) {
-    QTimer::singleShot(0, [file] {
-        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr);
-        EXPECT_EQ(dialog->layoutDirection(), Qt::RightToLeft);
-        dialog->selectFile(QString::fromStdString(file.string()));
-        dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
-    });
-}
-
 class SavingByMenu : public Viewers {
 protected:
+    void Save(const std::filesystem::path& file) {
+        const auto report = Filled("PayOutRpt", samples::Payments(200));
+        View(report);
+        SaveShowingProgress(viewer.get(), OutputOf(report), SaveFormat::Pdf, file, true,
+                            [this](bool writing) { told.push_back(writing); });
+    }
     TempFolder folder;
+    std::vector<bool> told;
 };
 
-TEST_F(SavingByMenu, AsksForAPlaceAndWritesTheFile) {
-    View(Filled("PayOutRpt", samples::Payments(200)));
-    ChooseSoon(folder / "mine.csv");
-    viewer->Run(ViewerCommand::SaveCsv);
-    EXPECT_THAT(folder.Names(), ElementsAre("mine.csv"));
-    ChooseSoon(folder / "without ending");
-    viewer->Run(ViewerCommand::SavePdf);
-    EXPECT_THAT(ContentOf(folder / "without ending.pdf"), StartsWith("%PDF-"));
-    EXPECT_FALSE(port->IsBusy());
-    EXPECT_TRUE(Desk().updatesEnabled());
-}
-
-TEST_F(SavingByMenu, NothingIsWrittenWhereTheDialogIsLeft) {
-    View(Filled("PayOutRpt", samples::Payments(20)));
-    QTimer::singleShot(0, [] { static_cast<QDialog*>(QApplication::activeModalWidget())->reject(); });
-    viewer->Run(ViewerCommand::SaveHtml);
+TEST_F(SavingByMenu, TellsWhileTheReportMustBeLeftAlone) {
+    Save(folder / "mine.pdf");
+    EXPECT_THAT(ContentOf(folder / "mine.pdf"), StartsWith("%PDF-"));
+    EXPECT_THAT(told, ElementsAre(true, false));
     EXPECT_THAT(platform.messages->boxes, IsEmpty());
 }
 
 TEST_F(SavingByMenu, WhatFailsIsToldInABox) {
-    View(Filled("PayOutRpt", samples::Payments(20)));
-    ChooseSoon("/proc/report.xlsx");
-    viewer->Run(ViewerCommand::SaveXlsx);
+    Save(folder / "no/mine.pdf");
     ASSERT_EQ(platform.messages->boxes.size(), 1U);
     EXPECT_EQ(platform.messages->boxes[0].style, BoxStyle::Critical | BoxStyle::RightToLeft);
-    EXPECT_THAT(platform.messages->boxes[0].text, HasSubstr("/proc"));
-    EXPECT_FALSE(port->IsBusy());
-    EXPECT_TRUE(Desk().updatesEnabled());
+    EXPECT_THAT(platform.messages->boxes[0].text, HasSubstr(folder.Path().string()));
+    EXPECT_THAT(told, ElementsAre(true, false));
 }
 
 class Saving : public LiveReports {

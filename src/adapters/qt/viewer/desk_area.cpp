@@ -46,6 +46,9 @@ DeskArea::DeskArea(QWidget* parent, Finder& finder)
     setFrameShape(QFrame::NoFrame);
     for (QScrollBar* bar : {verticalScrollBar(), horizontalScrollBar()})
         bar->setStyleSheet(BarStyle);
+    auto* corner = new QWidget(this);
+    corner->setStyleSheet("background: #E9ECEE;");
+    setCornerWidget(corner);
     setFocusPolicy(Qt::StrongFocus);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     // The view's left edge is counted from the desk's left edge in both languages.

@@ -25,24 +25,6 @@ QString& LastFolder() {
     return folder;
 }
 
-QString AskForFile(QWidget* window, const std::string& title, SaveFormat format, const ViewerWords& words) {
-    QFileDialog dialog(window, QString::fromUtf8(words.saveAs), LastFolder());
-    dialog.setLayoutDirection(window->layoutDirection());
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(EndingOf(format));
-    const QString ending = EndingOf(format);
-    dialog.setNameFilter(ending.toUpper() + " (*." + ending + ")");
-    dialog.setLabelText(QFileDialog::FileName, QString::fromUtf8(words.fileName));
-    dialog.setLabelText(QFileDialog::FileType, QString::fromUtf8(words.fileKind));
-    dialog.setLabelText(QFileDialog::LookIn, QString::fromUtf8(words.folder));
-    dialog.setLabelText(QFileDialog::Accept, QString::fromUtf8(words.save));
-    dialog.setLabelText(QFileDialog::Reject, QString::fromUtf8(words.cancel));
-    dialog.selectFile(QString::fromStdString(FileNameOf(title, format)));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
-    LastFolder() = dialog.directory().absolutePath();
-    return dialog.selectedFiles().front();
-}
-
 } // namespace
 
 const char* EndingOf(SaveFormat format) {
@@ -87,12 +69,30 @@ void SaveReport(ReportOutput& report, SaveFormat format, const std::filesystem::
     sink.Commit();
 }
 
-void SaveWithDialogs(QWidget* window, ReportOutput& report, SaveFormat format, bool arabic,
-                     const std::function<void(bool)>& writing) {
+std::filesystem::path AskForFile(QWidget* window, const std::string& title, SaveFormat format, bool arabic) {
+    const ViewerWords& words = WordsOf(arabic);
+    QFileDialog dialog(window, QString::fromUtf8(words.saveAs), LastFolder());
+    dialog.setLayoutDirection(window->layoutDirection());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(EndingOf(format));
+    const QString ending = EndingOf(format);
+    dialog.setNameFilter(ending.toUpper() + " (*." + ending + ")");
+    dialog.setLabelText(QFileDialog::FileName, QString::fromUtf8(words.fileName));
+    dialog.setLabelText(QFileDialog::FileType, QString::fromUtf8(words.fileKind));
+    dialog.setLabelText(QFileDialog::LookIn, QString::fromUtf8(words.folder));
+    dialog.setLabelText(QFileDialog::Accept, QString::fromUtf8(words.save));
+    dialog.setLabelText(QFileDialog::Reject, QString::fromUtf8(words.cancel));
+    dialog.selectFile(QString::fromStdString(FileNameOf(title, format)));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    LastFolder() = dialog.directory().absolutePath();
+    return dialog.selectedFiles().front().toStdU16String();
+}
+
+void SaveShowingProgress(QWidget* window, ReportOutput& report, SaveFormat format,
+                         const std::filesystem::path& file, bool arabic,
+                         const std::function<void(bool)>& writing) {
     const ViewerWords& words = WordsOf(arabic);
     try {
-        const QString file = AskForFile(window, report.Title(), format, words);
-        if (file.isEmpty()) return;
         QProgressDialog dialog(QString::fromUtf8(words.saving), QString::fromUtf8(words.cancel), 0, 1,
                                window);
         dialog.setLayoutDirection(window->layoutDirection());
@@ -101,13 +101,11 @@ void SaveWithDialogs(QWidget* window, ReportOutput& report, SaveFormat format, b
         dialog.setMinimumDuration(ShownAfterMilliseconds);
         writing(true);
         const std::shared_ptr<void> writingEnds(nullptr, [&writing](void*) { writing(false); });
-        SaveReport(report, format, std::filesystem::path(file.toStdU16String()),
-                   [&dialog](std::size_t done, std::size_t all) {
-                       dialog.setMaximum(static_cast<int>(std::max<std::size_t>(all, 1)));
-                       dialog.setValue(static_cast<int>(done));
-                       if (dialog.wasCanceled())
-                           throw Failure(FailureNumber::Cancelled, "Saving was stopped.");
-                   });
+        SaveReport(report, format, file, [&dialog](std::size_t done, std::size_t all) {
+            dialog.setMaximum(static_cast<int>(std::max<std::size_t>(all, 1)));
+            dialog.setValue(static_cast<int>(done));
+            if (dialog.wasCanceled()) throw Failure(FailureNumber::Cancelled, "Saving was stopped.");
+        });
     } catch (const Failure& failure) {
         if (failure.Number() == FailureNumber::Cancelled) return;
         const int style = BoxStyle::Critical | (arabic ? BoxStyle::RightToLeft : 0);

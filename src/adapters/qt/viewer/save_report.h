@@ -25,9 +25,14 @@ void SaveReport(ReportOutput& report, SaveFormat format, const std::filesystem::
 /// The report's title as the name of a file, with its ending.
 [[nodiscard]] std::string FileNameOf(const std::string& title, SaveFormat format);
 
-/// Asks for a place, then saves; shows how far it is and lets Esc stop it. What fails is told in a box. While
-/// the file is written, events run, but the report must be left alone: `writing` tells when.
-void SaveWithDialogs(QWidget* window, ReportOutput& report, SaveFormat format, bool arabic,
-                     const std::function<void(bool)>& writing);
+/// Asks where the report is to be saved; empty when the reader leaves the dialog.
+[[nodiscard]] std::filesystem::path AskForFile(QWidget* window, const std::string& title, SaveFormat format,
+                                               bool arabic);
+
+/// Saves; shows how far it is and lets Esc stop it. What fails is told in a box. While the file is written,
+/// events run, but the report must be left alone: `writing` tells when.
+void SaveShowingProgress(QWidget* window, ReportOutput& report, SaveFormat format,
+                         const std::filesystem::path& file, bool arabic,
+                         const std::function<void(bool)>& writing);
 
 } // namespace qbrpt::viewer

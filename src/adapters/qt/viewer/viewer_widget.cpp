@@ -130,7 +130,10 @@ void ViewerWidget::AskForPage() {
 
 void ViewerWidget::Save(viewer::SaveFormat format) {
     mFinder.Stop();
-    SaveWithDialogs(this, OutputOf(mReport), format, mArabic, [this](bool writing) {
+    ReportOutput& report = OutputOf(mReport);
+    const std::filesystem::path file = viewer::AskForFile(this, report.Title(), format, mArabic);
+    if (file.empty()) return;
+    viewer::SaveShowingProgress(this, report, format, file, mArabic, [this](bool writing) {
         mBusy = writing;
         mDesk->Freeze(writing);
     });
