@@ -2,6 +2,11 @@
 #include "tools/temp_folder.h"
 #include "viewer_fixture.h"
 
+#include <QtCore/QTimer>
+#include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
 #include <gmock/gmock.h>
 
 namespace qbrpt::viewer {
@@ -39,6 +44,25 @@ TEST_F(SavingByMenu, WhatFailsIsToldInABox) {
     EXPECT_EQ(platform.messages->boxes[0].style, BoxStyle::Critical | BoxStyle::RightToLeft);
     EXPECT_THAT(platform.messages->boxes[0].text, HasSubstr(folder.Path().string()));
     EXPECT_THAT(told, ElementsAre(true, false));
+}
+
+TEST_F(SavingByMenu, AsksForAPlace) {
+    View(Filled("PayOutRpt", samples::Payments(20)));
+    QTimer answer;
+    int tries = 0;
+    QObject::connect(&answer, &QTimer::timeout, &answer, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr) return;
+        if (++tries > 100) return dialog->reject(); // a test fails, it does not hang
+        EXPECT_EQ(dialog->layoutDirection(), Qt::RightToLeft);
+        dialog->findChild<QLineEdit*>()->setText(QString::fromStdString((folder / "mine").string()));
+        dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
+    });
+    answer.start(20);
+    viewer->Run(ViewerCommand::SaveCsv);
+    EXPECT_THAT(folder.Names(), ElementsAre("mine.csv"));
+    EXPECT_FALSE(port->IsBusy());
+    EXPECT_TRUE(Desk().updatesEnabled());
 }
 
 class Saving : public LiveReports {

@@ -6,6 +6,7 @@
 #include "platform/desktop.h"
 #include "platform/platform.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QStandardPaths>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QProgressDialog>
@@ -19,9 +20,13 @@ namespace {
 
 constexpr int ShownAfterMilliseconds = 400;
 
-/// Folder of the last file saved, for the next one.
+/// Folder of the last file saved, for the next one. Never left to Qt, which would open where any other
+/// program was last, be it a folder of devices.
 QString& LastFolder() {
-    static QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    static QString folder = [] {
+        const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+        return QDir(documents).exists() ? documents : QDir::homePath();
+    }();
     return folder;
 }
 
