@@ -26,15 +26,13 @@ void ShowHostQtWindow(QWindow& window, bool show) {
         if (widget != nullptr) return widget->hide();
         return window.hide();
     }
-    const bool placed = (window.windowStates() & (Qt::WindowMaximized | Qt::WindowFullScreen)) == 0;
-    // The window manager would find a new place for it.
-    if (widget != nullptr) {
-        if (placed) widget->move(widget->pos());
+    // Else the window manager would find a new place for it, at least where it had found the first one.
+    if ((window.windowStates() & (Qt::WindowMaximized | Qt::WindowFullScreen)) == 0)
+        window.setGeometry(window.geometry());
+    if (widget != nullptr)
         widget->show();
-    } else {
-        if (placed) window.setFramePosition(window.framePosition());
+    else
         window.show();
-    }
     if ((window.windowStates() & Qt::WindowMinimized) == 0) {
         window.raise();
         window.requestActivate();
