@@ -99,10 +99,33 @@ Argument ReadArgument(ArgumentKind kind, const std::string& typed) {
         return ReadDay(typed);
     case ArgumentKind::DateNumber:
         return ReadDateNumber(typed);
+    case ArgumentKind::Database:
+        throw WrongUse("A database that is open already cannot be typed.");
     case ArgumentKind::Text:
+    case ArgumentKind::File:
+    case ArgumentKind::Statement:
         break;
     }
     return typed;
+}
+
+std::vector<Argument> ReadArguments(const Member& member, const std::vector<std::string>& typed) {
+    std::vector<Argument> arguments;
+    for (std::size_t i = 0; i < member.arguments.size(); ++i) {
+        const MemberArgument& expected = member.arguments[i];
+        if (i >= typed.size() && !expected.defaultText)
+            throw WrongUse(member.name + ": the argument " + expected.name + " is missing.");
+        const std::string& text = i < typed.size() ? typed[i] : *expected.defaultText;
+        try {
+            arguments.push_back(ReadArgument(expected.kind, text));
+        } catch (const WrongUse& wrong) {
+            throw WrongUse(member.name + ": " + expected.name + ": " + wrong.what());
+        }
+    }
+    if (typed.size() > member.arguments.size())
+        throw WrongUse(member.name + ": \"" + typed[member.arguments.size()] +
+                       "\" is one argument too many.");
+    return arguments;
 }
 
 std::string_view KindWord(ArgumentKind kind) {
@@ -114,7 +137,12 @@ std::string_view KindWord(ArgumentKind kind) {
         return "DAY";
     case ArgumentKind::DateNumber:
         return "DATE";
+    case ArgumentKind::File:
+        return "FILE";
+    case ArgumentKind::Database:
+        return "DATABASE";
     case ArgumentKind::Text:
+    case ArgumentKind::Statement:
         break;
     }
     return "TEXT";

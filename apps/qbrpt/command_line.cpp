@@ -29,8 +29,8 @@ struct Typed {
 
 std::string CommonHelp(const MemberArgument& argument) {
     return argument.defaultText && !argument.defaultText->empty()
-               ? argument.help + " (default " + *argument.defaultText + ")"
-               : argument.help;
+               ? argument.help.english + " (default " + *argument.defaultText + ")"
+               : argument.help.english;
 }
 
 void AddArguments(CLI::App& command, const Member& member, Typed& typed) {
@@ -156,12 +156,13 @@ Request ReadCommandLine(int count, const char* const* words) {
     std::map<const CLI::App*, Typed> typed;
     std::map<const CLI::App*, const Member*> members;
     for (const Member& member : Members()) {
-        CLI::App* command = application.add_subcommand(member.name, member.help);
+        if (!CanBeTyped(member)) continue;
+        CLI::App* command = application.add_subcommand(member.name, member.help.english);
         members[command] = &member;
         AddArguments(*command, member, typed[command]);
         AddOptions(*command, call, typed[command]);
-        command->footer(member.more.empty() ? std::string{ExitHelp}
-                                            : member.more + "\n\n" + std::string{ExitHelp});
+        command->footer(member.more.english.empty() ? std::string{ExitHelp}
+                                                    : member.more.english + "\n\n" + std::string{ExitHelp});
     }
     try {
         application.parse(count, words);

@@ -1,8 +1,8 @@
 // What was asked for on the command line.
 #pragma once
 
+#include "arguments.h"
 #include "layout_commands.h"
-#include "members.h"
 #include "output_files.h"
 #include "platform/desktop.h"
 #include "sample/sample.h"
