@@ -1,5 +1,6 @@
 // The installed component, as a host programmer meets it.
 #include "tools/child_process.h"
+#include "tools/x_desktop.h"
 
 #include <gmock/gmock.h>
 
@@ -14,6 +15,7 @@ using ::testing::SizeIs;
 using ::testing::StartsWith;
 
 const fs::path Host = fs::path{QBRPT_SOURCE_DIR} / "tests" / "house" / "host";
+const fs::path CafeHost = fs::path{QBRPT_SOURCE_DIR} / "apps" / "host";
 
 class Installed : public ::testing::Test {
 protected:
@@ -36,6 +38,16 @@ protected:
         return result.out;
     }
 
+    /// The folder of a project that is built against the installed package.
+    [[nodiscard]] fs::path BuiltFrom(const fs::path& project) const {
+        const fs::path build = mFolder / "build";
+        Must({"cmake", "-G", "Ninja", "-S", project.string(), "-B", build.string(),
+              "-DCMAKE_CXX_COMPILER=" QBRPT_CXX, "-DCMAKE_PREFIX_PATH=" + Prefix().string(),
+              "-DCMAKE_CXX_FLAGS=" QBRPT_SANITIZE_FLAGS});
+        Must({"cmake", "--build", build.string()});
+        return build;
+    }
+
     /// Runs a built host on the sample and looks for its page.
     void HostPrints(const fs::path& host) {
         const fs::path pages = mFolder / "pages";
@@ -56,12 +68,20 @@ protected:
 };
 
 TEST_F(Installed, ServesAHostThroughItsCMakePackage) {
-    const fs::path build = mFolder / "build";
-    Must({"cmake", "-G", "Ninja", "-S", Host.string(), "-B", build.string(),
-          "-DCMAKE_CXX_COMPILER=" QBRPT_CXX, "-DCMAKE_PREFIX_PATH=" + Prefix().string(),
-          "-DCMAKE_CXX_FLAGS=" QBRPT_SANITIZE_FLAGS});
-    Must({"cmake", "--build", build.string()});
-    HostPrints(build / "host");
+    HostPrints(BuiltFrom(Host) / "host");
+}
+
+TEST_F(Installed, ServesTheCafeHostThroughItsCMakePackage) {
+    const fs::path program = BuiltFrom(CafeHost) / "qbrpt-host";
+    EXPECT_THAT(Must({"ldd", program.string()}, {{"LD_LIBRARY_PATH", LibraryFolder().string()}}),
+                HasSubstr((LibraryFolder() / "libqbrpt.so.0").string()));
+    const XDesktop desktop;
+    const ChildProcess host(
+        {program.string(), (mFolder / "café 1.db").string()},
+        {{"LD_LIBRARY_PATH", LibraryFolder().string()}, {"XDG_RUNTIME_DIR", mFolder.Path().string()}});
+    EXPECT_TRUE(Soon([] {
+        return RunProgram({"xdotool", "search", "--onlyvisible", "--name", "^مقهى الواحة$"}).status == 0;
+    })) << host.ErrSoFar();
 }
 
 TEST_F(Installed, ServesAHostThroughPkgConfig) {
