@@ -5,7 +5,7 @@ build_packages="g++ cmake ninja-build pkg-config
   libicu-dev libsqlite3-dev libfontconfig-dev libharfbuzz-dev libfribidi-dev libdeflate-dev libxlsxwriter-dev
   libpng-dev libturbojpeg0-dev
   libxcb1-dev libxcb-ewmh-dev libxcb-icccm4-dev libtomlplusplus-dev nlohmann-json3-dev libcli11-dev
-  qt6-base-dev libqt6svg6-dev"
+  qt6-base-dev qt6-svg-dev"
 
 # What stands on pages: the faces of the house style, and those that every machine has.
 run_packages="fonts-noto-core fonts-noto-ui-core fonts-dejavu-core fonts-dejavu-extra"
