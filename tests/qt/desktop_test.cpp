@@ -256,12 +256,17 @@ TEST_F(QtHost, MaximisedGetsAMaximisedPreviewOfItsOwnNormalSize) {
     ASSERT_TRUE(Waits([&] { return host->width() == 1024; }));
     EXPECT_TRUE(Show([&] {
         EXPECT_TRUE(Waits([&] { return OpenForm()->width() == 1024; }));
-        // Qt loses sight of a window that changes twice before the window manager has answered once.
+        // Qt loses sight of a window that changes twice before the window manager has answered once: then the
+        // user asks again.
         EXPECT_TRUE(Waits([] { return OpenForm()->isActiveWindow(); }));
-        QTest::qWait(300);
-        OpenForm()->showNormal();
-        EXPECT_TRUE(Waits([&] { return Normal(Me())[2] - Normal(Me())[0] == place[2] - place[0]; }))
-            << ::testing::PrintToString(Normal(Me())) << ::testing::PrintToString(place);
+        const auto taken = [&] { return Normal(Me())[2] - Normal(Me())[0] == place[2] - place[0]; };
+        for (int turn = 0; turn < 5 && !taken(); ++turn) {
+            OpenForm()->showMaximized();
+            QTest::qWait(300);
+            OpenForm()->showNormal();
+            QTest::qWait(700);
+        }
+        EXPECT_TRUE(taken()) << ::testing::PrintToString(Normal(Me())) << ::testing::PrintToString(place);
     }));
     EXPECT_TRUE(Waits([&] { return host->isVisible() && host->isMaximized() && host->width() == 1024; }));
 }

@@ -45,6 +45,12 @@ void XDesktop::StartManager() {
         return session.HasProperty(session.Root(), "_NET_CLIENT_LIST"); // set once it minds windows
     });
     if (!minds) throw std::runtime_error("no window manager: " + mManager->ErrSoFar());
+    // What it was asked while it began lies unread until something wakes it: it is ready once it has mapped.
+    const XWindow probe(mConnection);
+    if (!Soon([&] { return probe.Viewable(); }, [&] { probe.Show(); }))
+        throw std::runtime_error("the window manager maps no window");
+    probe.Destroy();
+    if (!Soon([&] { return !probe.Viewable(); })) throw std::runtime_error("a window stays");
 }
 
 XWindow::XWindow(xcb_connection_t* connection, xcb_window_t parent)
