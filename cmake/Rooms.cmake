@@ -50,3 +50,13 @@ function(qbrpt_test name)
   target_compile_options(test_${name} PRIVATE -O1) # tests are compiled more often than they are waited for
   gtest_discover_tests(test_${name} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300)
 endfunction()
+
+# qbrpt_has_windows(TARGET...): programs that open windows; sanitizers pass over what Qt keeps to its end.
+function(qbrpt_has_windows)
+  if(NOT QBRPT_SANITIZE)
+    return()
+  endif()
+  foreach(target IN LISTS ARGN)
+    target_sources(${target} PRIVATE "${CMAKE_SOURCE_DIR}/cmake/passed_over_leaks.cpp")
+  endforeach()
+endfunction()

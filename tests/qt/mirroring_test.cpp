@@ -25,7 +25,10 @@ protected:
         form = Platform::Current().forms->Load(PrintServerTable(), events);
         window = dynamic_cast<qt::FormWindow*>(qt::Handles::Table().Find(form->hWnd())->widget.data());
         bar = window->findChild<qt::ButtonBar*>("buttonBar");
-        viewer = window->findChild<qt::ViewerWidget*>();
+        // It has no meta-object of its own: Qt would take any widget for it.
+        for (QWidget* below : window->findChildren<QWidget*>()) {
+            if (auto* found = dynamic_cast<qt::ViewerWidget*>(below)) viewer = found;
+        }
     }
     [[nodiscard]] int LeftOf(const char* button) const {
         const QWidget* widget = bar->findChild<QWidget*>(button);

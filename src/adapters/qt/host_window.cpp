@@ -58,7 +58,8 @@ QMargins HostFrame(WindowHandle window) {
     const auto place = session.Connected() ? TopWindow(session, window).Where() : std::nullopt;
     if (!place) return {};
     const TopWindow::Frame& frame = place->frame;
-    return QMargins(frame.left, frame.top, frame.right, frame.bottom) / qGuiApp->devicePixelRatio();
+    const qreal ratio = qGuiApp ? qGuiApp->devicePixelRatio() : 1; // a host of another toolkit may have none
+    return QMargins(frame.left, frame.top, frame.right, frame.bottom) / ratio;
 }
 
 QIcon HostIcon(IconHandle window) {
