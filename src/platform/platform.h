@@ -22,6 +22,7 @@ class MessageBoxes;
 class Printers;
 class RegistryStore;
 class Screen;
+class Spooler;
 class WindowTree;
 class Windows;
 
@@ -38,6 +39,7 @@ public:
     Ref<Screen> screen;                   ///< the mouse pointer, the beep
     Ref<MessageBoxes> messages;           ///< message boxes
     Ref<Printers> printers;               ///< the printer collection and the current printer
+    Ref<Spooler> spooler;                 ///< what a printer offers
     Ref<FontSource> fonts;                ///< enumerates the fonts of a character set
     Ref<Locale> locale;                   ///< date and time in words
     Ref<Clock> clock;                     ///< the time of printing

@@ -6,6 +6,7 @@
 #include "fakes/fake_fonts.h"
 #include "fakes/fake_forms.h"
 #include "fakes/fake_report.h"
+#include "fakes/fake_spooler.h"
 #include "fakes/fake_windows.h"
 #include "platform/platform.h"
 
@@ -28,6 +29,7 @@ public:
         platform->screen = screen;
         platform->messages = messages;
         platform->printers = printers;
+        platform->spooler = spooler;
         platform->fonts = fonts;
         platform->clock = clock;
         mBefore = Platform::Install(std::move(platform));
@@ -50,6 +52,7 @@ public:
     std::shared_ptr<FakeScreen> screen = std::make_shared<FakeScreen>();
     std::shared_ptr<FakeMessageBoxes> messages = std::make_shared<FakeMessageBoxes>();
     std::shared_ptr<FakePrinters> printers = std::make_shared<FakePrinters>();
+    std::shared_ptr<FakeSpooler> spooler = std::make_shared<FakeSpooler>();
     std::shared_ptr<FakeFonts> fonts = std::make_shared<FakeFonts>();
     std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
 
