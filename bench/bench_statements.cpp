@@ -5,11 +5,15 @@
 //   bench_statements strip FILE    takes the indexes out of it
 //   bench_statements time FILE     a line of a table for each statement
 //   bench_statements show FILE     what the statements become, and how the engine goes about them
+//   bench_statements make-ledger|time-ledger|show-ledger FILE
+//                                  the same with 1,000 accounts and a journal of a million lines
 #include "adapters/database/read_rows.h"
 #include "adapters/database/sqlite/sqlite_connection.h"
 #include "adapters/database/sqlite/sqlite_open.h"
 #include "adapters/database/sqlite/sqlite_statement.h"
+#include "sample/random.h"
 #include "sample/sample.h"
+#include "sample/writer.h"
 #include "statements.h"
 #include "stopwatch.h"
 
@@ -32,6 +36,26 @@ void MakeDatabase(const std::string& file) {
     options.days = 400;
     options.sessionsPerDay = 2500;
     sample::MakeSampleDatabase(options);
+}
+
+// Without keys and indexes, as a host may have made them.
+void MakeLedger(const std::string& file) {
+    sample::Writer writer(file);
+    writer.Run("CREATE TABLE account_src(accid INTEGER, name TEXT)");
+    writer.Run("CREATE TABLE account_log(acc_from INTEGER, acc_to INTEGER, amount REAL, trans_date DATETIME, "
+               "descrip TEXT)");
+    constexpr int accounts = 1000;
+    constexpr int lines = 1'000'000;
+    constexpr double firstDay = 37780;
+    sample::Random random(1);
+    sample::Inserter names(writer, "account_src", 2);
+    for (int account = 1; account <= accounts; ++account)
+        names.Add(account, "account " + std::to_string(account));
+    sample::Inserter journal(writer, "account_log", 5);
+    for (int line = 0; line < lines; ++line)
+        journal.Add(random.Between(0, accounts), random.Between(1, accounts),
+                    0.25 * random.Between(1, 40'000), firstDay + line / 1440.0, std::string_view("transfer"));
+    writer.Finish();
 }
 
 void DropIndexes(const std::string& file) {
@@ -113,12 +137,16 @@ int main(int count, char** words) {
             MakeDatabase(words[2]);
         } else if (mode == "strip") {
             DropIndexes(words[2]);
-        } else if (mode == "show" || mode == "time") {
+        } else if (mode == "make-ledger") {
+            MakeLedger(words[2]);
+        } else if (mode.starts_with("show") || mode.starts_with("time")) {
             database::SqliteConnection connection(database::OpenSqliteFile(words[2], false, true));
-            for (const StatementPair& pair : bench::StatementPairs())
-                mode == "show" ? Show(connection, pair) : Measure(connection, pair);
+            for (const StatementPair& pair :
+                 mode.ends_with("-ledger") ? bench::LedgerPairs() : bench::StatementPairs())
+                mode.starts_with("show") ? Show(connection, pair) : Measure(connection, pair);
         } else {
-            std::cerr << "usage: bench_statements make|strip|time|show FILE\n";
+            std::cerr
+                << "usage: bench_statements make|strip|time|show|make-ledger|time-ledger|show-ledger FILE\n";
             return 2;
         }
         return 0;

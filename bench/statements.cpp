@@ -1,5 +1,6 @@
 #include "statements.h"
 
+#include "accounts/ledger.h"
 #include "adapters/database/recordset.h"
 #include "adapters/database/row_store.h"
 #include "platform/DAO.h"
@@ -89,6 +90,15 @@ std::vector<StatementPair> StatementPairs() {
         {"PrintUsage, 31 days", uses(101, 131, 0), UseByHand(" AND (local_log.work_id BETWEEN 101 AND 131)")},
         {"PrintUsage, one host", uses(0, 0, 60), UseByHand(" AND (local_log.host_id = 60)")},
     };
+}
+
+std::vector<StatementPair> LedgerPairs() {
+    return {
+        {"Balances of all accounts", ledger::Balances(),
+         "SELECT s.accid, s.name, coalesce(i.t, 0) - coalesce(o.t, 0) AS total, i.acc_to FROM account_src s "
+         "LEFT JOIN (SELECT acc_to, sum(amount) t FROM account_log GROUP BY acc_to) i ON i.acc_to = "
+         "s.accid LEFT JOIN (SELECT acc_from, sum(amount) t FROM account_log GROUP BY acc_from) o ON "
+         "o.acc_from = i.acc_to ORDER BY s.accid, s.name"}};
 }
 
 } // namespace qbrpt::bench

@@ -15,4 +15,7 @@ struct StatementPair {
 /// Over a sample database of 400 days from the first of January 2025.
 [[nodiscard]] std::vector<StatementPair> StatementPairs();
 
+/// Over the general accounts alone.
+[[nodiscard]] std::vector<StatementPair> LedgerPairs();
+
 } // namespace qbrpt::bench

@@ -32,6 +32,11 @@ bool CanBeAddedUp(const Node& aggregate, const Source& summed) {
     }
 }
 
+// The same where an outer join has a row of nulls in place of totals: a null there, and a null here.
+bool CanBeAddedUpOfNothing(const Node& aggregate, const Source& summed) {
+    return aggregate.builtin->form != Form::Count && IsNullWith(*aggregate.operands[0], summed);
+}
+
 /// The column that ties `source` to the other table of a join by one equality of numbers.
 std::optional<std::size_t> KeyOf(const JoinNode& join, const Source& source) {
     const Node* tie = join.condition.get();
@@ -51,11 +56,12 @@ std::optional<std::size_t> KeyOf(const JoinNode& join, const Source& source) {
 class EarlyGroups {
 public:
     EarlyGroups(Query& query, Source& summed, std::size_t key)
-        : mQuery(query), mSelect(*query.parts.front()), mSummed(summed), mKey(key) {}
+        : mQuery(query), mSelect(*query.parts.front()), mOuter(mSelect.from->type != JoinNode::Type::Inner),
+          mSummed(summed), mKey(key) {}
 
     [[nodiscard]] bool Possible() {
         const std::vector<const Node*> conditions = Conjuncts(mSelect.where.get());
-        bool possible = mSummed.table != nullptr &&
+        bool possible = mSummed.table != nullptr && (!mOuter || conditions.empty()) &&
                         std::all_of(conditions.begin(), conditions.end(), [this](const Node* condition) {
                             return LooksOnlyAt(*condition, mSummed);
                         });
@@ -64,7 +70,8 @@ public:
             VisitNodes(*expression, [&](const Node& node) {
                 if (IsAggregateCall(node)) {
                     any = true;
-                    possible = possible && CanBeAddedUp(node, mSummed);
+                    possible = possible && CanBeAddedUp(node, mSummed) &&
+                               (!mOuter || CanBeAddedUpOfNothing(node, mSummed));
                     return false;
                 }
                 if (node.query && Mentions(*node.query)) possible = false;
@@ -83,6 +90,7 @@ public:
         totals->emittedName = mSummed.emittedName;
         mTotals = totals.get();
         std::unique_ptr<Source> summed = std::exchange(*place, std::move(totals));
+        mKeyKind = summed->columns[mKey].kind;
         mPass = &passes.For(summed, mKey);
         mTotals->totals = mPass->Name();
 
@@ -94,7 +102,10 @@ public:
         Replace(mSelect.from->condition);
         for (const auto& side : {mSelect.from->left.get(), mSelect.from->right.get()})
             if (side->source == &mSummed) side->source = mTotals;
-        mSelect.where = AnyRow();
+        for (SelectItem& item : mSelect.items)
+            JoinLookups(item.expression);
+        // Without any condition all keys of the pass have rows, and keys without totals must stay.
+        if (!mOuter) mSelect.where = AnyRow();
     }
 
 private:
@@ -135,12 +146,7 @@ private:
     [[nodiscard]] NodePtr Total(NodePtr aggregate) {
         const ValueKind kind = aggregate->kind;
         if (!aggregate->star) Rebind(*aggregate, mSummed, mPass->Over());
-        const std::size_t column = mPass->ColumnOf(std::move(aggregate), mConditions);
-        auto total = std::make_unique<Node>();
-        total->type = NodeType::Name;
-        total->kind = kind;
-        total->binding = {Binding::Target::Column, mTotals, nullptr, column};
-        return total;
+        return TotalsColumn(*mTotals, mPass->ColumnOf(std::move(aggregate), mConditions), kind);
     }
 
     [[nodiscard]] NodePtr AddedUp(NodePtr aggregate) {
@@ -151,6 +157,53 @@ private:
         sum->builtin = counts ? FindBuiltin("Sum") : aggregate->builtin;
         sum->operands.push_back(Total(std::move(aggregate)));
         return sum;
+    }
+
+    // What was looked up by the key for each group: a join finds it by an index, where a look-up goes through
+    // all totals again and again. A count is left to its look-up, which knows that nothing is 0.
+    void JoinLookups(NodePtr& slot) {
+        for (NodePtr& operand : slot->operands)
+            JoinLookups(operand);
+        if (slot->type != NodeType::Lookup || slot->star || slot->operands[0]->binding.source != mTotals)
+            return;
+        auto largest = std::make_unique<Node>();
+        largest->type = NodeType::Call;
+        largest->kind = slot->kind;
+        largest->builtin = FindBuiltin("Max"); // of equal values
+        largest->operands.push_back(
+            TotalsColumn(Joined(slot->text), static_cast<std::size_t>(slot->whole), slot->kind));
+        slot = std::move(largest);
+    }
+
+    // The totals `name`, joined by the key of those that stand in for the summed table.
+    Source& Joined(const std::string& name) {
+        for (const auto& source : mSelect.sources)
+            if (source.get() != mTotals && source->totals == name) return *source;
+        Source& source = *mSelect.sources.emplace_back(std::make_unique<Source>());
+        source.totals = name;
+        source.emittedName = mTotals->emittedName + " " + name;
+        auto equality = std::make_unique<Node>();
+        equality->type = NodeType::Compare;
+        equality->op = Operator::Equal;
+        equality->kind = ValueKind::Boolean;
+        equality->operands.push_back(TotalsColumn(source, 0, mKeyKind));
+        equality->operands.push_back(TotalsColumn(*mTotals, 0, mKeyKind));
+        auto join = std::make_unique<JoinNode>();
+        join->type = JoinNode::Type::Left;
+        join->left = std::move(mSelect.from);
+        join->right = std::make_unique<JoinNode>();
+        join->right->source = &source;
+        join->condition = std::move(equality);
+        mSelect.from = std::move(join);
+        return source;
+    }
+
+    [[nodiscard]] static NodePtr TotalsColumn(Source& totals, std::size_t column, ValueKind kind) {
+        auto node = std::make_unique<Node>();
+        node->type = NodeType::Name;
+        node->kind = kind;
+        node->binding = {Binding::Target::Column, &totals, nullptr, column};
+        return node;
     }
 
     // The pass may hold totals of other conditions, and so keys that have no row here.
@@ -173,8 +226,10 @@ private:
 
     Query& mQuery;
     Select& mSelect;
+    bool mOuter;     ///< rows of the other table stand without totals too
     Source& mSummed; ///< only compared with, once the totals stand in its place
     std::size_t mKey;
+    ValueKind mKeyKind = ValueKind::Null;
     Source* mTotals = nullptr;
     TotalsPass* mPass = nullptr;
     Conditions mConditions;
@@ -185,9 +240,10 @@ private:
 void GroupEarly(Query& query, TotalsPasses& passes) {
     if (query.parts.size() != 1) return;
     const Select& select = *query.parts.front();
-    if (select.groupBy.empty() || select.sources.size() != 2 || select.from->type != JoinNode::Type::Inner)
-        return;
+    if (select.groupBy.empty() || select.sources.size() != 2) return;
+    const bool outer = select.from->type != JoinNode::Type::Inner;
     for (const auto& source : select.sources) {
+        if (outer && select.from->right->source != source.get()) continue;
         const std::optional<std::size_t> key = KeyOf(*select.from, *source);
         if (!key) continue;
         EarlyGroups groups(query, *source, *key);

@@ -13,17 +13,6 @@ namespace {
 
 using JoinPtr = std::unique_ptr<JoinNode>;
 
-// Null wherever the columns of `source` are.
-bool IsStrict(const Node& original, const Source& source) {
-    const Node& node = Meaning(original);
-    if (node.type == NodeType::Name) return node.binding.source == &source;
-    if (node.type == NodeType::Negate) return IsStrict(*node.operands[0], source);
-    if (node.type == NodeType::Call &&
-        (node.builtin->form == Form::ToNumber || node.builtin->form == Form::ToWhole))
-        return IsStrict(*node.operands[0], source);
-    return false;
-}
-
 void CollectSources(const JoinNode& join, std::vector<const Source*>& sources) {
     if (join.source != nullptr) sources.push_back(join.source);
     if (join.left) CollectSources(*join.left, sources);
@@ -145,18 +134,28 @@ std::vector<const Node*> Conjuncts(const Node* condition) {
     return found;
 }
 
+bool IsNullWith(const Node& expression, const Source& source) {
+    const Node& node = Meaning(expression);
+    if (node.type == NodeType::Name) return node.binding.source == &source;
+    if (node.type == NodeType::Negate) return IsNullWith(*node.operands[0], source);
+    if (node.type == NodeType::Call &&
+        (node.builtin->form == Form::ToNumber || node.builtin->form == Form::ToWhole))
+        return IsNullWith(*node.operands[0], source);
+    return false;
+}
+
 bool RejectsNulls(const Node& condition, const Source& source) {
     switch (condition.type) {
     case NodeType::Compare:
-        return IsStrict(*condition.operands[0], source) || IsStrict(*condition.operands[1], source);
+        return IsNullWith(*condition.operands[0], source) || IsNullWith(*condition.operands[1], source);
     case NodeType::Between:
     case NodeType::InList:
     case NodeType::Like:
-        return IsStrict(*condition.operands[0], source);
+        return IsNullWith(*condition.operands[0], source);
     case NodeType::InQuery: // null is in no set, and so it is not in the empty one
-        return !condition.negated && IsStrict(*condition.operands[0], source);
+        return !condition.negated && IsNullWith(*condition.operands[0], source);
     case NodeType::IsNull:
-        return condition.negated && IsStrict(*condition.operands[0], source);
+        return condition.negated && IsNullWith(*condition.operands[0], source);
     default:
         return false;
     }

@@ -20,6 +20,9 @@ void RewriteJoins(Select& select);
 /// Both conditions in one; either may be missing.
 [[nodiscard]] NodePtr Both(NodePtr left, NodePtr right);
 
+/// Whether `expression` is null wherever the columns of `source` are.
+[[nodiscard]] bool IsNullWith(const Node& expression, const Source& source);
+
 /// Whether `condition` can't be true in a row where all columns of `source` are null.
 [[nodiscard]] bool RejectsNulls(const Node& condition, const Source& source);
 

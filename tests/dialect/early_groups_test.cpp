@@ -180,6 +180,34 @@ const Case Cases[] = {
      "SELECT min(name COLLATE BINARY), sum(paid) FROM host_src h LEFT JOIN local_log ON host_id = h.id GROUP "
      "BY "
      "name COLLATE QBRPT",
+     true},
+    {"RightJoin",
+     "SELECT h.id, l.host_id, Sum(paid), Max(paid) FROM local_log AS l RIGHT JOIN host_src AS h ON l.host_id "
+     "= h.id GROUP BY h.id, l.host_id",
+     "SELECT h.id, l.host_id, sum(paid), max(paid) FROM local_log l RIGHT JOIN host_src h ON l.host_id = "
+     "h.id GROUP BY h.id, l.host_id",
+     true},
+    {"LeftJoinFromTheSummedTable",
+     "SELECT l.host_id, Sum(paid) FROM local_log AS l LEFT JOIN host_src AS h ON l.host_id = h.id GROUP BY "
+     "l.host_id",
+     "SELECT l.host_id, sum(paid) FROM local_log l LEFT JOIN host_src h ON l.host_id = h.id GROUP BY "
+     "l.host_id",
+     false},
+    {"LeftJoinThatCounts",
+     "SELECT h.id, Count(paid) FROM host_src AS h LEFT JOIN local_log AS l ON l.host_id = h.id GROUP BY h.id",
+     "SELECT h.id, count(paid) FROM host_src h LEFT JOIN local_log l ON l.host_id = h.id GROUP BY h.id",
+     false},
+    {"LeftJoinWhereNothingIsSomething",
+     "SELECT h.id, Sum(IIf(paid Is Null, 1, 0)) FROM host_src AS h LEFT JOIN local_log AS l ON l.host_id = "
+     "h.id GROUP BY h.id",
+     "SELECT h.id, sum(CASE WHEN paid IS NULL THEN 1 ELSE 0 END) FROM host_src h LEFT JOIN local_log l ON "
+     "l.host_id = h.id GROUP BY h.id",
+     false},
+    {"LeftJoinWithACondition",
+     "SELECT h.id, Sum(paid) FROM host_src AS h LEFT JOIN local_log AS l ON l.host_id = h.id WHERE "
+     "l.member_id Is Null GROUP BY h.id",
+     "SELECT h.id, sum(paid) FROM host_src h LEFT JOIN local_log l ON l.host_id = h.id WHERE l.member_id IS "
+     "NULL GROUP BY h.id",
      false},
 };
 
@@ -201,8 +229,10 @@ public:
                                  "(SELECT Count(*) FROM members WHERE members.id > 1)",
                                  "(SELECT Sum(i.paid) FROM local_log AS i WHERE i.host_id = 2)"},
                                 1);
-        text += mRandom() % 2 == 0 ? " FROM local_log AS l INNER JOIN host_src AS h ON h.id = l.host_id"
-                                   : " FROM host_src AS h INNER JOIN local_log AS l ON h.id = l.host_id";
+        constexpr std::array<const char*, 3> joins = {" INNER JOIN ", " LEFT JOIN ", " RIGHT JOIN "};
+        const std::string join = joins[mRandom() % joins.size()];
+        text += mRandom() % 2 == 0 ? " FROM local_log AS l" + join + "host_src AS h ON h.id = l.host_id"
+                                   : " FROM host_src AS h" + join + "local_log AS l ON h.id = l.host_id";
         if (mRandom() % 8 == 0) text += " And l.paid > 2";
         const std::string conditions = Some(
             {"l.paid > 3", "l.member_id Is Null", "Not l.end_time Is Null", "l.host_id = 2", "h.id > 1"}, 0);
