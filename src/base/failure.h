@@ -30,7 +30,8 @@ enum class FailureNumber : int {
     Layout = 20500,         ///< a report layout that cannot be read or used
     Report = 20501,         ///< the report engine cannot do what it was asked
     Output = 20502,         ///< a PDF, CSV or other result could not be written
-    Cancelled = 20545       ///< the user asked to stop
+    Cancelled = 20545,      ///< the user asked to stop
+    NotUnique = 35602       ///< a key that a list holds already
 };
 
 /// Thrown by every port and engine. Ends at the nearest error trap; never reaches a host.

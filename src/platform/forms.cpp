@@ -11,10 +11,6 @@ constexpr std::string_view ButtonPort = "ToolbarButton";
 constexpr std::string_view ToolbarPort = "Toolbar";
 constexpr std::string_view FormPort = "Form";
 
-std::int64_t Number(std::int64_t value) {
-    return value;
-}
-
 } // namespace
 
 void MenuItem::SetCaption(const std::string& caption) {
@@ -123,7 +119,7 @@ WindowState Form::State() {
 }
 
 void Form::SetState(WindowState state) {
-    Announce(FormPort, "SetWindowState", {Number(static_cast<std::int16_t>(state))});
+    Announce(FormPort, "SetWindowState", {Number(state)});
     DoSetState(state);
 }
 
@@ -157,6 +153,11 @@ void Form::ShowModal() {
     DoShowModal();
 }
 
+void Form::Hide() {
+    Announce(FormPort, "Hide");
+    DoHide();
+}
+
 void Form::Unload() {
     Announce(FormPort, "Unload");
     DoUnload();
@@ -175,6 +176,11 @@ Ref<Toolbar> Form::ToolbarOf(const std::string& name) {
 Ref<CRViewer> Form::Viewer(const std::string& name) {
     Announce(FormPort, "Viewer", {name});
     return DoViewer(name);
+}
+
+Ref<Control> Form::ControlOf(const std::string& name) {
+    Announce(FormPort, "Controls", {name});
+    return DoControl(name);
 }
 
 Ref<Form> Forms::Load(const FormTable& table, FormEvents& events) {

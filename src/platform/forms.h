@@ -2,7 +2,9 @@
 // that hears its events); what draws it lies behind these ports.
 #pragma once
 
+#include "base/failure.h"
 #include "base/ref.h"
+#include "platform/controls.h"
 #include "platform/desktop.h"
 
 #include <cstdint>
@@ -22,17 +24,58 @@ enum class ControlKind : std::uint8_t {
     Toolbar,
     ToolbarButton,
     ToolbarSeparator,
-    Viewer
+    Viewer,
+    Label,
+    TextBox,
+    CommandButton,
+    Frame,
+    OptionButton,
+    CheckBox,
+    ComboBox, ///< a drop-down list
+    ListView,
+    ListColumn, ///< one of the list view that is its parent
+    TabStrip,
+    Tab, ///< one of the tab strip that is its parent
+    DatePicker,
+    VScrollBar,
+    PictureBox ///< also a panel
 };
 
-/// One line of a form's table.
+/// A place in the rows and columns of a container; columns are counted from the side where reading begins.
+struct GridCell {
+    std::int16_t row = -1; ///< from 0; below 0: not in the grid
+    std::int16_t column = 0;
+    std::int16_t columns = 1; ///< that it takes
+    std::int16_t rows = 1;    ///< that it takes
+    bool stretch = false;     ///< takes what room the row has left
+};
+
+/// One line of a form's table. Members of a control array have their index in their name: "OrignOpt(0)".
 struct ControlRow {
     ControlKind kind = ControlKind::MenuItem;
     std::string_view name{};     ///< of a tool bar's button: its key
-    std::string_view parent{};   ///< the menu or tool bar that it stands in; empty: the form
+    std::string_view parent{};   ///< the control that it stands in; empty: the form
     std::string_view caption{};  ///< of a tool bar's button: its tool tip
     std::string_view shortcut{}; ///< "Ctrl+P"
     std::int16_t image = 0;      ///< number of its picture in the form's image list, from 1; 0: none
+
+    GridCell cell{};                ///< where it stands, unless `place` has a size
+    ControlPlace place{};           ///< a fixed place in its container
+    std::int16_t tabIndex = 0;      ///< order of the tab key
+    std::string_view text{};        ///< what a text box holds at first
+    std::string_view format{};      ///< of a date picker: "dd/MM/yyyy hh:mmtt"
+    std::string_view picture{};     ///< of a picture box: the name of its picture
+    std::int16_t minimum = 0;       ///< of a scroll bar; its value at first
+    std::int16_t maximum = 0;       ///< of a scroll bar
+    bool on = false;                ///< an option or check box that is on at first
+    bool isDefault = false;         ///< answers to the enter key
+    bool isCancel = false;          ///< answers to the escape key
+    bool locked = false;            ///< a text box that shows and takes nothing; grey
+    bool multiLine = false;         ///< a text box of several lines
+    bool centred = false;           ///< a text box whose text stands in its middle
+    bool hidden = false;            ///< not to be seen at first
+    bool canBeEmpty = false;        ///< a date picker with a check box, which can hold no date
+    std::int16_t widthInDigits = 0; ///< wished width of a field; 0: as wide as its cell
 };
 
 /// A form as it is built, before its rules touch it.
@@ -43,7 +86,8 @@ struct FormTable {
     std::int32_t clientHeight = 0; ///< twips
     std::span<const ControlRow> controls;
     bool designedRightToLeft = false;
-    std::string_view imageList; ///< the list that its tool bars show at first
+    std::string_view imageList{}; ///< the list that its tool bars and tabs show at first
+    bool isDialog = false;        ///< a fixed frame, centred on the screen
 };
 
 class MenuItem : public Port {
@@ -125,16 +169,27 @@ public:
     [[nodiscard]] bool Visible();
     /// Moves the window, in twips, and leaves its size.
     void Move(std::int32_t left, std::int32_t top);
-    /// Shows the window and returns when it was closed.
+    /// Shows the window and returns when it was hidden or closed.
     void ShowModal();
+    /// Ends ShowModal; the window and what it holds stay until Unload.
+    void Hide();
     /// Closes the window: its rules hear of it once, then it is gone. Nothing for a window that is gone.
     void Unload();
 
     [[nodiscard]] Ref<MenuItem> Menu(const std::string& name);
     [[nodiscard]] Ref<Toolbar> ToolbarOf(const std::string& name);
     [[nodiscard]] Ref<CRViewer> Viewer(const std::string& name);
+    /// The control of this name. None, or one of another kind, raises NotInCollection.
+    template <class Kind>
+    [[nodiscard]] Ref<Kind> Get(const std::string& name) {
+        auto control = std::dynamic_pointer_cast<Kind>(ControlOf(name).Shared());
+        if (!control)
+            throw Failure(FailureNumber::NotInCollection, "The control \"" + name + "\" is of another kind.");
+        return control;
+    }
 
 private:
+    [[nodiscard]] Ref<Control> ControlOf(const std::string& name);
     virtual WindowHandle DohWnd() = 0;
     virtual void DoSetCaption(const std::string& caption) = 0;
     virtual WindowState DoState() = 0;
@@ -145,21 +200,45 @@ private:
     virtual bool DoVisible() = 0;
     virtual void DoMove(std::int32_t left, std::int32_t top) = 0;
     virtual void DoShowModal() = 0;
+    virtual void DoHide() = 0;
     virtual void DoUnload() = 0;
     virtual Ref<MenuItem> DoMenu(const std::string& name) = 0;
     virtual Ref<Toolbar> DoToolbarOf(const std::string& name) = 0;
     virtual Ref<CRViewer> DoViewer(const std::string& name) = 0;
+    virtual Ref<Control> DoControl(const std::string& name) = 0;
 };
 
 /// The rules of a form hear here what happens to it. Nothing may be thrown back.
 class FormEvents {
 public:
     virtual ~FormEvents() = default;
+    /// The window is on screen and active.
+    virtual void Activate() {}
     virtual void Resize() {}
     /// The window is about to close, by its frame or by Unload.
     virtual void QueryUnload() {}
-    /// A menu item was chosen.
+    /// A menu item was chosen; a button pressed; an option switched on; a check box switched; an entry of a
+    /// list selected, also the one that was; a tab strip clicked.
     virtual void Click(const std::string& name) { static_cast<void>(name); }
+    virtual void DblClick(const std::string& name) { static_cast<void>(name); }
+    /// An item of a list view was clicked, or selected by keys.
+    virtual void ItemClick(const std::string& name) { static_cast<void>(name); }
+    /// Whether the text of a list view's item may be edited in place.
+    [[nodiscard]] virtual bool BeforeLabelEdit(const std::string& name) {
+        static_cast<void>(name);
+        return true;
+    }
+    /// The text of a text box or the value of a scroll bar has changed; a user has changed a date picker's.
+    virtual void Change(const std::string& name) { static_cast<void>(name); }
+    /// A character is typed into a text box; the one that the box takes in its place, 0 for none. A line
+    /// end is 13, backspace is 8.
+    [[nodiscard]] virtual std::int16_t KeyPress(const std::string& name, std::int16_t key) {
+        static_cast<void>(name);
+        return key;
+    }
+    virtual void GotFocus(const std::string& name) { static_cast<void>(name); }
+    /// A picture box is to be painted; its hDC is valid until this returns.
+    virtual void Paint(const std::string& name) { static_cast<void>(name); }
     /// A tool bar's button was clicked.
     virtual void ButtonClick(const std::string& key) { static_cast<void>(key); }
     /// The viewer shows another page, by its own doing.

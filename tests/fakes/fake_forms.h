@@ -1,6 +1,7 @@
 // Windows that only remember what was done to them.
 #pragma once
 
+#include "fakes/fake_form_controls.h"
 #include "fakes/fake_viewer.h"
 #include "platform/forms.h"
 
@@ -83,11 +84,12 @@ private:
     void DoZOrder() override { ++broughtToFront; }
 };
 
-/// A window. `shown` runs while it is open; then it closes as by its frame, unless it is closed already.
+/// A window. `shown` runs while it is open; then it closes as by its frame, unless it is closed or hidden
+/// already.
 class FakeForm final : public Form {
 public:
     FakeForm(const FormTable& table, FormEvents& formEvents, std::shared_ptr<FakeViewer> formViewer)
-        : events(formEvents), viewer(std::move(formViewer)), caption(table.caption) {
+        : events(formEvents), viewer(std::move(formViewer)), controls(formEvents), caption(table.caption) {
         for (const ControlRow& row : table.controls)
             Add(row, table);
     }
@@ -98,6 +100,7 @@ public:
 
     FormEvents& events;
     std::shared_ptr<FakeViewer> viewer;
+    FakeFormControls controls;
     std::string caption;
     std::map<std::string, std::shared_ptr<FakeMenuItem>> menu;
     std::map<std::string, std::shared_ptr<FakeToolbar>> toolbars;
@@ -142,6 +145,7 @@ private:
             break;
         }
         default:
+            controls.Add(row);
             break;
         }
     }
@@ -159,14 +163,17 @@ private:
         visible = true;
         ++viewer->views;
         events.Resize();
+        events.Activate();
         viewer->whileOpen();
         shown(*this);
-        Close();
+        if (visible) Close();
     }
+    void DoHide() override { visible = false; }
     void DoUnload() override { Close(); }
     Ref<MenuItem> DoMenu(const std::string& name) override { return menu.at(name); }
     Ref<Toolbar> DoToolbarOf(const std::string& name) override { return toolbars.at(name); }
     Ref<CRViewer> DoViewer(const std::string&) override { return viewer; }
+    Ref<Control> DoControl(const std::string& name) override { return controls.Get(name); }
 };
 
 class FakeForms final : public Forms {

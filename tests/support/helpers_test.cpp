@@ -115,7 +115,7 @@ TEST(Words, TextsAndBytes) {
     EXPECT_THROW(static_cast<void>(BytesFromMemory(nullptr, 1)), Failure);
 }
 
-TEST(ControlReading, ItemData) {
+TEST_F(SupportTest, ControlReadingItemData) {
     fakes::FakeList list;
     EXPECT_EQ(GetItemData(list), 0);
     list.itemData = {7, 0, -9};
@@ -133,7 +133,7 @@ TEST(ControlReading, ItemData) {
     EXPECT_EQ(GetItemData(list), 0);
 }
 
-TEST(ControlReading, SelectedTab) {
+TEST_F(SupportTest, ControlReadingSelectedTab) {
     fakes::FakeTabs tabs;
     EXPECT_EQ(GetSelectedTab(tabs), 0);
     tabs.count = 3;

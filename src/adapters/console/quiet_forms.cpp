@@ -71,12 +71,17 @@ private:
         mTaker(mViewer->Source());
         DoUnload();
     }
+    void DoHide() override {}
     void DoUnload() override {
         if (!std::exchange(mGone, true)) mEvents.QueryUnload();
     }
     Ref<MenuItem> DoMenu(const std::string&) override { return mMenuItem; }
     Ref<Toolbar> DoToolbarOf(const std::string&) override { return mToolbar; }
     Ref<CRViewer> DoViewer(const std::string&) override { return mViewer; }
+    Ref<Control> DoControl(const std::string& name) override {
+        throw Failure(FailureNumber::NotInCollection,
+                      "Without windows there is no control \"" + name + "\".");
+    }
 
     FormEvents& mEvents;
     ReportTaker mTaker;

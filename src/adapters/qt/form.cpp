@@ -4,6 +4,7 @@
 #include "adapters/qt/handles.h"
 #include "adapters/qt/menus.h"
 #include "adapters/qt/twips.h"
+#include "base/failure.h"
 
 #include <utility>
 
@@ -97,12 +98,19 @@ void QtForm::DoMove(std::int32_t left, std::int32_t top) {
 
 void QtForm::DoShowModal() {
     if (mGone) return;
+    mHidden = false;
     mWindow->show();
     if (!mWindow->isMinimized()) mWindow->activateWindow();
     mLoop.exec();
     // The loop also ends when the host's application is told to end.
-    DoUnload();
+    if (!mHidden) DoUnload();
     if (mThrown) std::rethrow_exception(std::exchange(mThrown, nullptr));
+}
+
+void QtForm::DoHide() {
+    mHidden = true;
+    mWindow->hide();
+    mLoop.quit();
 }
 
 void QtForm::DoUnload() {
@@ -120,6 +128,10 @@ Ref<Toolbar> QtForm::DoToolbarOf(const std::string& name) {
 
 Ref<CRViewer> QtForm::DoViewer(const std::string& name) {
     return mControls->Viewer(name).Port();
+}
+
+Ref<Control> QtForm::DoControl(const std::string& name) {
+    throw Failure(FailureNumber::NotInCollection, "The form has no control \"" + name + "\".");
 }
 
 Ref<Form> QtForms::DoLoad(const FormTable& table, FormEvents& events) {

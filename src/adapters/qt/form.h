@@ -29,10 +29,12 @@ private:
     bool DoVisible() override { return mWindow->isVisible(); }
     void DoMove(std::int32_t left, std::int32_t top) override;
     void DoShowModal() override;
+    void DoHide() override;
     void DoUnload() override;
     Ref<MenuItem> DoMenu(const std::string& name) override;
     Ref<Toolbar> DoToolbarOf(const std::string& name) override;
     Ref<CRViewer> DoViewer(const std::string& name) override;
+    Ref<Control> DoControl(const std::string& name) override;
 
     /// Runs a rule out of an event of Qt's, through which nothing may be thrown.
     void Run(const std::function<void()>& rule);
@@ -43,6 +45,7 @@ private:
     std::unique_ptr<FormControls> mControls;
     QEventLoop mLoop;
     std::exception_ptr mThrown; ///< by a rule; told of when the window is closed
+    bool mHidden = false;       ///< by its rules, which will unload it
     bool mClosing = false;
     bool mGone = false;
 };

@@ -65,6 +65,8 @@ FormControls::FormControls(FormWindow& window, const FormTable& table, ControlEv
         case ControlKind::Viewer:
             AddViewer(row);
             break;
+        default:
+            break;
         }
     }
     mMenu = menu.Items();
