@@ -1,4 +1,5 @@
 #include "base/calendar.h"
+#include "base/latin.h"
 #include "base/pictures.h"
 
 #include <algorithm>
@@ -8,20 +9,8 @@ namespace qbrpt {
 
 namespace {
 
-char Small(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 bool StartsWith(std::string_view text, std::string_view word) {
-    if (text.size() < word.size()) return false;
-    for (std::size_t i = 0; i < word.size(); ++i) {
-        if (Small(text[i]) != Small(word[i])) return false;
-    }
-    return true;
-}
-
-bool SameWord(std::string_view left, std::string_view right) {
-    return left.size() == right.size() && StartsWith(left, right);
+    return SameAnyCase(text.substr(0, word.size()), word);
 }
 
 std::string Digits(int value, std::size_t width) {
@@ -77,7 +66,7 @@ private:
     std::size_t RunLength(std::size_t longest) const {
         std::size_t length = 1;
         while (length < longest && mAt + length < mPicture.size() &&
-               Small(mPicture[mAt + length]) == Small(mPicture[mAt]))
+               SmallLatin(mPicture[mAt + length]) == SmallLatin(mPicture[mAt]))
             ++length;
         return length;
     }
@@ -110,7 +99,7 @@ private:
     }
 
     void PrintLetter(char c) {
-        switch (Small(c)) {
+        switch (SmallLatin(c)) {
         case 'd':
             return Take(RunLength(6), &DatePrinter::PrintDay);
         case 'm':
@@ -140,7 +129,7 @@ private:
     }
 
     void Take(std::size_t length, void (DatePrinter::*print)(std::size_t)) {
-        const bool hour = Small(mPicture[mAt]) == 'h';
+        const bool hour = SmallLatin(mPicture[mAt]) == 'h';
         (this->*print)(length);
         mBehindHour = hour;
         mAt += length;
@@ -226,7 +215,7 @@ constexpr std::array<NamedPicture, 7> NamedPictures = {{{"General Date", "c"},
 std::string FormatDate(double dayNumber, std::string_view picture, const CalendarNames& names) {
     if (picture.empty()) picture = "c";
     for (const NamedPicture& named : NamedPictures) {
-        if (SameWord(named.name, picture)) {
+        if (SameAnyCase(named.name, picture)) {
             picture = named.picture;
             break;
         }
@@ -236,11 +225,11 @@ std::string FormatDate(double dayNumber, std::string_view picture, const Calenda
 
 bool IsDatePicture(std::string_view picture) {
     for (const NamedPicture& named : NamedPictures) {
-        if (SameWord(named.name, picture)) return true;
+        if (SameAnyCase(named.name, picture)) return true;
     }
     for (const std::string_view number : {"General Number", "Currency", "Fixed", "Standard", "Percent",
                                           "Scientific", "Yes/No", "True/False", "On/Off"}) {
-        if (SameWord(number, picture)) return false;
+        if (SameAnyCase(number, picture)) return false;
     }
     constexpr std::string_view DateLetters = "dmyhnswqc";
     bool date = false;
@@ -253,7 +242,7 @@ bool IsDatePicture(std::string_view picture) {
             ++i;
         } else if (c == '0' || c == '#') {
             return false;
-        } else if (DateLetters.find(Small(c)) != std::string_view::npos) {
+        } else if (DateLetters.find(SmallLatin(c)) != std::string_view::npos) {
             date = true;
         }
     }

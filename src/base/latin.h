@@ -2,12 +2,20 @@
 #pragma once
 
 #include <algorithm>
+#include <string>
 #include <string_view>
 
 namespace qbrpt {
 
 [[nodiscard]] constexpr char SmallLatin(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+[[nodiscard]] inline std::string SmallLatin(std::string_view text) {
+    std::string small(text);
+    for (char& c : small)
+        c = SmallLatin(c);
+    return small;
 }
 
 [[nodiscard]] constexpr bool SameAnyCase(char one, char other) {

@@ -1,10 +1,10 @@
 #include "base/decimal.h"
+#include "base/latin.h"
 #include "base/numbers.h"
 #include "base/pictures.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cmath>
 #include <vector>
 
@@ -220,12 +220,6 @@ std::string FormatSection(Decimal number, std::string_view picture, bool ownSign
     return number.negative && !ownSign ? "-" + text : text;
 }
 
-bool SameWord(std::string_view left, std::string_view right) {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(), [](char a, char b) {
-        return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
-    });
-}
-
 struct NamedPicture {
     std::string_view name;
     std::string_view picture;
@@ -244,10 +238,10 @@ constexpr std::array<NamedPicture, 8> NamedPictures = {{{"Currency", "#,##0.00"}
 
 std::string FormatNumber(double value, std::string_view picture) {
     if (!std::isfinite(value)) return {};
-    if (picture.empty() || SameWord(picture, "General Number")) return DecimalText(value);
+    if (picture.empty() || SameAnyCase(picture, "General Number")) return DecimalText(value);
     const auto* named =
         std::find_if(NamedPictures.begin(), NamedPictures.end(),
-                     [picture](const NamedPicture& entry) { return SameWord(entry.name, picture); });
+                     [picture](const NamedPicture& entry) { return SameAnyCase(entry.name, picture); });
     const std::vector<std::string_view> sections =
         SplitSections(named == NamedPictures.end() ? picture : named->picture);
     const Decimal number = DecimalOf(value);

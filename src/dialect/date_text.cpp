@@ -25,7 +25,7 @@ bool IsDigit(char c) {
 }
 
 bool IsWordByte(char c) {
-    return (FoldLetter(c) >= 'a' && FoldLetter(c) <= 'z') || static_cast<unsigned char>(c) >= 0x80;
+    return (SmallLatin(c) >= 'a' && SmallLatin(c) <= 'z') || static_cast<unsigned char>(c) >= 0x80;
 }
 
 // Splits into numbers, words and single marks; blanks and commas only part them.

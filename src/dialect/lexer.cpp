@@ -17,7 +17,7 @@ bool IsDigit(char c) {
 }
 
 bool BeginsWord(char c) {
-    return (FoldLetter(c) >= 'a' && FoldLetter(c) <= 'z') || c == '_' ||
+    return (SmallLatin(c) >= 'a' && SmallLatin(c) <= 'z') || c == '_' ||
            static_cast<unsigned char>(c) >= 0x80;
 }
 
@@ -104,7 +104,7 @@ Token Lexer::ReadNumber() {
             ++mAt;
     }
     const std::size_t sign = At(mAt + 1) == '+' || At(mAt + 1) == '-' ? 1 : 0;
-    if (FoldLetter(At(mAt)) == 'e' && IsDigit(At(mAt + 1 + sign))) {
+    if (SmallLatin(At(mAt)) == 'e' && IsDigit(At(mAt + 1 + sign))) {
         whole = false;
         mAt += 1 + sign;
         while (IsDigit(At(mAt)))

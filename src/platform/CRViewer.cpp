@@ -6,10 +6,6 @@ namespace {
 
 constexpr std::string_view PortName = "CRViewer";
 
-std::int64_t Number(std::int64_t value) {
-    return value;
-}
-
 } // namespace
 
 void CRViewer::SetReportSource(const Ref<CrystalRuntime::Report>& report) {

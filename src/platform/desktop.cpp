@@ -23,7 +23,7 @@ double Screen::TwipsPerPixelY() {
 }
 
 BoxAnswer MessageBoxes::MsgBox(const std::string& text, int style, const std::optional<std::string>& title) {
-    const std::string shownTitle = title.value_or(std::string{DefaultBoxTitle});
+    const std::string shownTitle = title.value_or(std::string{ComponentTitle});
     Announce("MessageBoxes", "MsgBox", {text, std::int64_t{style}, shownTitle});
     const BoxAnswer answer = DoMsgBox(text, style, shownTitle);
     Answer("MessageBoxes", "MsgBox", {text, std::int64_t{style}, shownTitle},

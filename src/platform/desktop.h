@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace qbrpt {
 
@@ -41,12 +42,12 @@ constexpr int RightToLeft = 0x180000; ///< text at the right, reading from the r
 
 enum class BoxAnswer : std::int16_t { Ok = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7 };
 
-/// The title of a box that is given none.
-constexpr std::string_view DefaultBoxTitle = "qbrpt";
+/// The component's own name: on its print jobs, and over a box that is given no title.
+constexpr std::string_view ComponentTitle = "qbrpt";
 
 class MessageBoxes : public Port {
 public:
-    /// Shows `text` and waits for the answer. No `title` stands for DefaultBoxTitle. Without a display
+    /// Shows `text` and waits for the answer. No `title` stands for ComponentTitle. Without a display
     /// the box goes to standard error and is answered at once.
     BoxAnswer MsgBox(const std::string& text, int style,
                      const std::optional<std::string>& title = std::nullopt);

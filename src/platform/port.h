@@ -3,6 +3,7 @@
 
 #include "base/value.h"
 
+#include <cstdint>
 #include <initializer_list>
 #include <memory>
 #include <span>
@@ -55,6 +56,12 @@ public:
     virtual ~Port() = default;
 
 protected:
+    /// A number, a handle or a code as an argument that observers see.
+    template <class T>
+    static std::int64_t Number(T value) {
+        return static_cast<std::int64_t>(value);
+    }
+
     static void Announce(std::string_view port, std::string_view operation,
                          std::initializer_list<Value> arguments = {});
     static void Answer(std::string_view port, std::string_view operation,

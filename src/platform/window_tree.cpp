@@ -6,10 +6,6 @@ namespace {
 
 constexpr std::string_view PortName = "WindowTree";
 
-std::int64_t Number(std::int64_t value) {
-    return value;
-}
-
 } // namespace
 
 std::optional<std::string> WindowTree::GetClassName(WindowHandle window) {
@@ -18,7 +14,7 @@ std::optional<std::string> WindowTree::GetClassName(WindowHandle window) {
 }
 
 WindowHandle WindowTree::GetWindow(WindowHandle window, WindowRelation relation) {
-    Announce(PortName, "GetWindow", {Number(window), Number(static_cast<std::uint8_t>(relation))});
+    Announce(PortName, "GetWindow", {Number(window), Number(relation)});
     return DoGetWindow(window, relation);
 }
 
@@ -53,8 +49,7 @@ std::int32_t WindowTree::GetMenuItemCount(MenuHandle menu) {
 }
 
 MenuItemInfo WindowTree::GetMenuItemInfo(MenuHandle menu, std::int32_t position, std::size_t length) {
-    Announce(PortName, "GetMenuItemInfo",
-             {Number(menu), Number(position), Number(static_cast<std::int64_t>(length))});
+    Announce(PortName, "GetMenuItemInfo", {Number(menu), Number(position), Number(length)});
     return DoGetMenuItemInfo(menu, position, length);
 }
 

@@ -6,11 +6,6 @@ namespace {
 
 constexpr std::string_view PortName = "Windows";
 
-template <class T>
-std::int64_t Number(T value) {
-    return static_cast<std::int64_t>(value);
-}
-
 } // namespace
 
 WindowHandle Windows::GetForegroundWindow() {

@@ -14,12 +14,19 @@ using WindowHandle = std::uint32_t;
 /// Handle of a picture that stands for a window; 0 is none.
 using IconHandle = std::uint32_t;
 
+/// What `showCmd` of a place says.
+namespace PlaceCode {
+constexpr std::int32_t Normal = 1;
+constexpr std::int32_t Maximised = 3;
+constexpr std::int32_t Minimised = 6;
+} // namespace PlaceCode
+
 /// Where a window stands when it is neither minimised nor maximised, and which of the three it is. The
 /// window system's own record of 44 bytes; places are pixels.
 struct WindowPlace {
     std::int32_t length = 0; ///< 44 when it is asked for properly
     std::int32_t flags = 0;
-    std::int32_t showCmd = 0; ///< 3 maximised, 6 minimised, else normal
+    std::int32_t showCmd = 0; ///< a PlaceCode; what is none of them is normal
     std::int32_t minX = 0;
     std::int32_t minY = 0;
     std::int32_t maxX = 0;

@@ -208,6 +208,10 @@ void frmPrntServer::Click(const std::string& name) {
     Handle([&] { RunCommand(name); });
 }
 
+void frmPrntServer::ButtonClick(const std::string& key) {
+    Handle([&] { RunButton(key); });
+}
+
 void frmPrntServer::PageChanged() {
     UpdateViewCommands();
 }

@@ -66,6 +66,7 @@ private:
     void FinishPlacement();
 
     // Pages and zoom.
+    void RunButton(const std::string& key);
     void RunCommand(const std::string& name);
     [[nodiscard]] bool WaitViewerReady();
     void SetPage(std::int16_t n);

@@ -45,14 +45,11 @@ private:
 
 } // namespace
 
-void frmPrntServer::ButtonClick(const std::string& key) {
-    ErrorTrap trap(ErrorTrap::BoxThenLeave);
-    trap.Step([&] {
-        if (key == "print") return PrintData(false);
-        const auto* found = std::find_if(ButtonItems.begin(), ButtonItems.end(),
-                                         [&](const ButtonOfItem& row) { return row.key == key; });
-        if (found != ButtonItems.end()) RunCommand(std::string(found->item));
-    });
+void frmPrntServer::RunButton(const std::string& key) {
+    if (key == "print") return PrintData(false);
+    const auto* found = std::find_if(ButtonItems.begin(), ButtonItems.end(),
+                                     [&](const ButtonOfItem& row) { return row.key == key; });
+    if (found != ButtonItems.end()) RunCommand(std::string(found->item));
 }
 
 void frmPrntServer::RunCommand(const std::string& name) {
@@ -63,20 +60,18 @@ void frmPrntServer::RunCommand(const std::string& name) {
         return;
     }
     if (name == "mnFirstPage") return SetPage(1);
-    const auto ready = [&] { return !prntViewer()->IsBusy(); };
-    if (name == "mnLastPage" && ready()) return SetPage(CheckedShort(mReport->Report()->NumberOfPages()));
-    if (name == "mnNextPage" && ready())
-        return SetPage(CheckedShort(prntViewer()->GetCurrentPageNumber() + 1));
-    if (name == "mnPrevPage" && ready())
-        return SetPage(CheckedShort(prntViewer()->GetCurrentPageNumber() - 1));
-    if (name == "mnZoom25" && ready()) return SetZoom(25);
-    if (name == "mnZoom50" && ready()) return SetZoom(50);
-    if (name == "mnZoom100" && ready()) return SetZoom(100);
-    if (name == "mnZoom200" && ready()) return SetZoom(200);
-    if (name == "mnZoom400" && ready()) return SetZoom(400);
-    if (name == "mnZoomIn" && ready())
+    if (prntViewer()->IsBusy()) return;
+    if (name == "mnLastPage") return SetPage(CheckedShort(mReport->Report()->NumberOfPages()));
+    if (name == "mnNextPage") return SetPage(CheckedShort(prntViewer()->GetCurrentPageNumber() + 1));
+    if (name == "mnPrevPage") return SetPage(CheckedShort(prntViewer()->GetCurrentPageNumber() - 1));
+    if (name == "mnZoom25") return SetZoom(25);
+    if (name == "mnZoom50") return SetZoom(50);
+    if (name == "mnZoom100") return SetZoom(100);
+    if (name == "mnZoom200") return SetZoom(200);
+    if (name == "mnZoom400") return SetZoom(400);
+    if (name == "mnZoomIn")
         return SetZoom(std::min(Largest, std::max(CheckedShort(std::int64_t{mZoom} * 2), Smallest)));
-    if (name == "mnZoomOut" && ready()) {
+    if (name == "mnZoomOut") {
         constexpr double largestHalf = 200;
         const double half = std::max<double>(Smallest, std::min(mZoom / 2.0, largestHalf));
         return SetZoom(CheckedShort(RoundToLong(half)));
@@ -99,8 +94,7 @@ bool frmPrntServer::WaitViewerReady() {
 }
 
 void frmPrntServer::SetPage(std::int16_t n) {
-    ErrorTrap trap(ErrorTrap::BoxThenLeave,
-                   {.prefix = "SetPage cose Error No.", .style = BoxStyle::Critical, .numbered = true});
+    ErrorTrap trap(ErrorTrap::BoxThenLeave, {.prefix = "SetPage cose Error No.", .numbered = true});
     if (!trap.Test([&] { return WaitViewerReady(); }) && !trap.Left()) return;
     if (trap.Test([&] { return n != prntViewer()->GetCurrentPageNumber(); })) {
         trap.Step([] { Platform::Current().screen->SetMousePointer(Pointer::Wait); });

@@ -22,9 +22,6 @@ constexpr std::int32_t PlaceSize = sizeof(WindowPlace);
 /// Whatever the screen's own ratio is.
 constexpr double TwipsAPixel = 15;
 
-constexpr std::int32_t ShownMaximised = 3;
-constexpr std::int32_t ShownMinimised = 6;
-
 std::string TitleOf(WindowHandle window) {
     Windows& windows = *Platform::Current().windows;
     const std::size_t length = windows.GetWindowTextLength(window);
@@ -80,9 +77,9 @@ void frmPrntServer::TakePlaceOf(ErrorTrap& trap, WindowHandle host, WindowHandle
         const Rect normal{place.left, place.top, place.right, place.bottom};
         windows->MoveWindow(me, normal.left, normal.top, RectWidth(normal), RectHeight(normal));
     });
-    if (place.showCmd == ShownMaximised)
+    if (place.showCmd == PlaceCode::Maximised)
         trap.Step([&] { Window().SetState(WindowState::Maximized); });
-    else if (place.showCmd == ShownMinimised)
+    else if (place.showCmd == PlaceCode::Minimised)
         trap.Step([&] { Window().SetState(WindowState::Minimized); });
     trap.Step([&] {
         Window().SetCaption(title.empty() ? std::string("Printing") : TrimAtNul(title) + " [Printing]");

@@ -1,4 +1,5 @@
 // From the print command to the printer, and the report's bond with the current printer.
+#include "base/latin.h"
 #include "base/numbers.h"
 #include "platform/platform.h"
 #include "platform/printing.h"
@@ -11,23 +12,8 @@
 
 namespace qbrpt {
 
-namespace {
-
-/// The name that print jobs bear before the report's own title.
-constexpr std::string_view ComponentTitle = "qbrpt";
-
-std::string LowerCase(std::string_view text) {
-    std::string lower(text);
-    for (char& c : lower) {
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    }
-    return lower;
-}
-
-} // namespace
-
 void frmPrntServer::PrintData(bool bShowDialog) {
-    ErrorTrap trap(ErrorTrap::BoxThenLeave, {.prefix = "PrintData\r", .style = BoxStyle::Critical});
+    ErrorTrap trap(ErrorTrap::BoxThenLeave, {.prefix = "PrintData\r"});
     trap.Step([&] { mReport->Report()->SetApplicationName(std::string(ComponentTitle)); });
     std::int32_t pFrom = 1;
     std::int32_t pTo = 0;
@@ -72,10 +58,8 @@ void frmPrntServer::PrintOut(std::int32_t from, std::int32_t to, std::int32_t co
 }
 
 void frmPrntServer::UpdateInfoData() {
-    ErrorTrap trap(
-        ErrorTrap::BoxThenLeave,
-        {.prefix = "UpdateInfoData cose Error No.", .style = BoxStyle::Critical, .numbered = true});
-    if (trap.Test([&] { return LowerCase(mReport->Name()) == "securrpt"; })) {
+    ErrorTrap trap(ErrorTrap::BoxThenLeave, {.prefix = "UpdateInfoData cose Error No.", .numbered = true});
+    if (trap.Test([&] { return SameAnyCase(mReport->Name(), "securrpt"); })) {
         trap.Step([&] {
             auto* receiver = dynamic_cast<ReceiverReport*>(mReport.Shared().get());
             if (!receiver) throw Failure(FailureNumber::NotInCollection, "SetInfoData is not supported.");
@@ -99,8 +83,7 @@ bool frmPrntServer::BoundToCurrentPrinter() {
 }
 
 void frmPrntServer::RefreshReportprinter() {
-    ErrorTrap trap(ErrorTrap::BoxThenLeave,
-                   {.prefix = "RefreshReportprinter\r", .style = BoxStyle::Critical});
+    ErrorTrap trap(ErrorTrap::BoxThenLeave, {.prefix = "RefreshReportprinter\r"});
     if (!trap.Test([&] { return !BoundToCurrentPrinter(); })) return;
     trap.Step([&] {
         const PrinterInfo printer = Platform::Current().printers->Current();
@@ -112,7 +95,7 @@ void frmPrntServer::RefreshReportprinter() {
 }
 
 void frmPrntServer::AlignToPrinter() {
-    ErrorTrap trap(ErrorTrap::BoxThenLeave, {.style = BoxStyle::Critical, .title = "AlignToPrinter"});
+    ErrorTrap trap(ErrorTrap::BoxThenLeave, {.title = "AlignToPrinter"});
     trap.Step([] { Platform::Current().screen->SetMousePointer(Pointer::Wait); });
     trap.Step([&] {
         const std::int32_t width = Platform::Current().printers->Current().width;

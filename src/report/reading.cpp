@@ -1,6 +1,7 @@
 #include "report/reading.h"
 
 #include "base/calendar.h"
+#include "base/latin.h"
 
 #include <algorithm>
 #include <charconv>
@@ -40,10 +41,6 @@ bool TakeTime(std::string_view& text, Moment& moment) {
     return moment.hour < 24 && moment.minute < 60 && moment.second < 60;
 }
 
-char Lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 } // namespace
 
 std::optional<double> ReadNumber(std::string_view text) {
@@ -79,8 +76,7 @@ std::optional<bool> ReadBoolean(std::string_view text) {
 }
 
 bool EqualNoCase(std::string_view a, std::string_view b) {
-    return a.size() == b.size() &&
-           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return Lower(x) == Lower(y); });
+    return SameAnyCase(a, b);
 }
 
 } // namespace qbrpt::report

@@ -1,5 +1,6 @@
 #include "support/mirroring.h"
 
+#include "base/latin.h"
 #include "platform/platform.h"
 #include "support/error_trap.h"
 #include "support/words.h"
@@ -51,11 +52,6 @@ const ClassRule* RuleOf(std::string_view sClass) {
     return &others;
 }
 
-bool SameLetter(char a, char b) {
-    const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return small(a) == small(b);
-}
-
 void Change(WindowHandle hWnd, int index, Bits bits) {
     WindowTree& tree = *Platform::Current().tree;
     tree.SetWindowLong(hWnd, index, (tree.GetWindowLong(hWnd, index) & ~bits.clear) | bits.set);
@@ -83,7 +79,8 @@ void MirrorChildren(WindowHandle hWnd, bool bMirrorWhole, bool bKeepToolbar) {
 
 std::int32_t ClassInList(std::string_view sClass, std::initializer_list<std::string_view> words) {
     for (const std::string_view word : words) {
-        const auto at = std::search(sClass.begin(), sClass.end(), word.begin(), word.end(), SameLetter);
+        const auto at = std::search(sClass.begin(), sClass.end(), word.begin(), word.end(),
+                                    [](char a, char b) { return SameAnyCase(a, b); });
         if (at != sClass.end()) return static_cast<std::int32_t>(at - sClass.begin()) + 1;
     }
     return 0;

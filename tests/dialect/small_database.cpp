@@ -100,7 +100,7 @@ void MakeOrderKey(sqlite3_context* context, int, sqlite3_value** values) {
 }
 
 ValueKind KindOfType(std::string type) {
-    std::transform(type.begin(), type.end(), type.begin(), [](char c) { return FoldLetter(c); });
+    std::transform(type.begin(), type.end(), type.begin(), [](char c) { return SmallLatin(c); });
     const auto has = [&type](const char* word) { return type.find(word) != std::string::npos; };
     if (has("date") || has("time")) return ValueKind::Date;
     if (has("bool") || has("bit")) return ValueKind::Boolean;

@@ -1,6 +1,7 @@
 #include "adapters/database/row_sort.h"
 
 #include "adapters/database/row_codec.h"
+#include "base/latin.h"
 
 #include <algorithm>
 #include <bit>
@@ -17,10 +18,6 @@ constexpr std::size_t RowsAProgress = 4096;
 /// Rows are sorted in parts as large as this many times what a row store keeps in memory.
 constexpr std::size_t PartsOfMemory = 2;
 
-char Lower(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
 // The bits of a number, so that larger numbers have larger bits.
 std::uint64_t Ascending(double number) {
     const auto bits = std::bit_cast<std::uint64_t>(number == 0 ? 0.0 : number);
@@ -36,7 +33,7 @@ void AppendValue(const CellView& cell, std::string& key) {
     case ValueKind::Text:
         key.push_back('\2');
         for (const char letter : cell.text)
-            key.push_back(Lower(letter));
+            key.push_back(SmallLatin(letter));
         key.push_back('\0');
         break;
     default: {

@@ -8,13 +8,6 @@
 
 namespace qbrpt {
 
-/// What `showCmd` of a place says.
-namespace PlaceCode {
-constexpr std::int32_t Normal = 1;
-constexpr std::int32_t Maximised = 3;
-constexpr std::int32_t Minimised = 6;
-} // namespace PlaceCode
-
 /// Asks the display of the process anew at each call; without a display every answer is 0, and nothing is
 /// done.
 class XcbWindows : public Windows {
