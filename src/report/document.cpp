@@ -71,6 +71,7 @@ private:
             }
             more = mPaginator.RunPage(nullptr, 0);
         }
+        mPaginator.Finish();
         return mPaginator.PageIndex();
     }
 

@@ -100,14 +100,17 @@ FittedText TextFitter::Fit(const CompiledObject& object, std::string_view text, 
 
 FittedFigures TextFitter::FitFigures(const CompiledObject& object, std::string_view figures, Twips width,
                                      Twips largest) {
+    FittedFigures fitted{object.style, object.object->font.spec.size,
+                         FiguresWidth(*object.figures, figures)};
+    const bool asItIs = largest <= 0 || largest >= fitted.size;
+    if (asItIs && (width <= 0 || fitted.width <= width)) return fitted;
     FontSpec font = object.object->font.spec;
-    FittedFigures fitted{object.style, font.size, FiguresWidth(*object.figures, figures)};
     const auto take = [&](const FontSpec& smaller) {
         fitted.style = mText.Style(smaller);
         fitted.size = smaller.size;
         fitted.width = FiguresWidth(mText.Figures(fitted.style), figures);
     };
-    if (largest > 0 && largest < font.size) {
+    if (!asItIs) {
         font.size = largest;
         take(font);
     }

@@ -108,7 +108,20 @@ void Flow::Commit(const Block& block) {
     }
     for (std::size_t& rows : mState.groupRows)
         ++rows;
-    mState.totals.AddRow(*mRows.Current());
+    if (KnowsAllTotals())
+        mState.totalsComplete = false;
+    else
+        mState.totals.AddRow(*mRows.Current());
+}
+
+// Whether nothing asks any more for totals that grow from row to row.
+bool Flow::KnowsAllTotals() const {
+    return mReportTotals && mDefinition.definition->groups.empty() && !mDefinition.rowsShowTotals;
+}
+
+void Flow::KeepReportTotals() {
+    if (!mReportTotals && mState.totalsComplete && mState.nextRow == mRows.RowCount())
+        mReportTotals = std::make_unique<ScopeTotals>(ScopeTotals{mState.totals, mState.nextRow});
 }
 
 void Flow::Rewind() {

@@ -63,6 +63,8 @@ public:
 
     /// The block's row is on paper now: takes it into groups and totals.
     void Commit(const Block& block);
+    /// The walk has come to its end: what was added up on the way are the totals of the report.
+    void KeepReportTotals();
     void CommitToPage() { mState.totals.AddRowToPage(*mRows.Current()); }
     void ClearPageTotals() { mState.totals.ClearPage(); }
 
@@ -90,6 +92,7 @@ private:
     void NextHeader(Block& block);
     bool NextRow(Block& block);
     bool NextFooter(Block& block);
+    [[nodiscard]] bool KnowsAllTotals() const;
 
     const CompiledDefinition& mDefinition;
     std::shared_ptr<const RowSource> mSource;

@@ -23,8 +23,8 @@ std::size_t LineEnd(const Page& page, std::size_t first) {
     return end;
 }
 
-// Words are drawn from left to right. Right-to-left words are read from the right, runs of left-to-right words
-// between them from the left.
+// Words are drawn from left to right. Right-to-left words are read from the right, runs of left-to-right
+// words between them from the left.
 std::vector<std::size_t> ReadingOrder(const Page& page, std::size_t begin, std::size_t end) {
     const auto rightToLeft = [&page](std::size_t i) { return page.items[i].word->rightToLeft; };
     std::vector<std::size_t> order;

@@ -46,6 +46,9 @@ public:
     /// Lays out one page; into `builder`, where there is one. False when it was the last.
     bool RunPage(PageBuilder* builder, std::size_t pageCount);
 
+    /// All pages have been laid out once, in order.
+    void Finish() { mFlows.front()->KeepReportTotals(); }
+
     [[nodiscard]] TextFitter& Fitter() { return mFitter; }
     /// The page that RunPage comes to next, from 0.
     [[nodiscard]] std::size_t PageIndex() const { return mPage; }

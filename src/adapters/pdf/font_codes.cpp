@@ -9,6 +9,7 @@ namespace qbrpt::pdf {
 namespace {
 
 constexpr std::size_t HighestCode = 0xFFFF;
+constexpr std::size_t HighestByte = 0xFF;
 // Of 256 values of a byte four are left out, so codes run out before their number does.
 constexpr std::size_t SkippedPerPage = 4;
 
@@ -29,6 +30,7 @@ std::uint64_t KeyOf(const Code& code) {
 } // namespace
 
 bool CodeTable::HasRoomFor(std::size_t count) const {
+    if (mBytes == CodeBytes::One) return mCodes.size() + count + SkippedPerPage <= HighestByte;
     // A run may cross pages of 256 codes; whole pages are skipped too where their first byte is one.
     const std::size_t worst = count + (count / 128 + 2) * SkippedPerPage + std::size_t{2} * 256;
     return mCodes.size() + worst <= HighestCode;
@@ -41,7 +43,7 @@ std::uint16_t CodeTable::CodeOf(const Code& code) {
         mCodes.emplace_back();
         mUsed.push_back(false);
     }
-    if (mCodes.size() > HighestCode)
+    if (mCodes.size() > (mBytes == CodeBytes::One ? HighestByte : HighestCode))
         throw Failure(FailureNumber::Output, "the PDF cannot be written: a word has too many letters");
     known->second = static_cast<std::uint16_t>(mCodes.size());
     mCodes.push_back(code);
@@ -49,13 +51,14 @@ std::uint16_t CodeTable::CodeOf(const Code& code) {
     return known->second;
 }
 
-FontId FontCodes::FontFor(report::FaceId face, std::size_t count) {
-    if (face >= mCurrent.size()) mCurrent.resize(std::size_t{face} + 1);
-    std::optional<FontId>& current = mCurrent[face];
+FontId FontCodes::FontFor(report::FaceId face, std::size_t count, CodeBytes bytes) {
+    CurrentFonts& fonts = bytes == CodeBytes::One ? mWithOneByte : mWithTwoBytes;
+    if (face >= fonts.size()) fonts.resize(std::size_t{face} + 1);
+    std::optional<FontId>& current = fonts[face];
     if (current && mTables[*current]->HasRoomFor(count)) return *current;
     if (mTables.size() > std::numeric_limits<FontId>::max())
         throw Failure(FailureNumber::Output, "the PDF cannot be written: it needs more than 65536 fonts");
-    mTables.push_back(std::make_unique<CodeTable>(face));
+    mTables.push_back(std::make_unique<CodeTable>(face, bytes));
     current = static_cast<FontId>(mTables.size() - 1);
     return *current;
 }

@@ -22,22 +22,28 @@ struct Code {
     std::int32_t advance = 0; ///< ten-thousandths of the font size
 };
 
-/// The codes of one font. Two bytes each; those that a string would have to escape are left out.
+/// How many bytes a code of a font takes. Figures are few, and most of what stands on a page: one byte each
+/// makes the page a sixth shorter.
+enum class CodeBytes : std::uint8_t { One = 1, Two = 2 };
+
+/// The codes of one font; those that a string would have to escape are left out.
 class CodeTable {
 public:
-    explicit CodeTable(report::FaceId face) : mFace(face) {}
+    explicit CodeTable(report::FaceId face, CodeBytes bytes = CodeBytes::Two) : mFace(face), mBytes(bytes) {}
 
     /// Whether `count` more codes fit.
     [[nodiscard]] bool HasRoomFor(std::size_t count) const;
     std::uint16_t CodeOf(const Code& code);
 
     [[nodiscard]] report::FaceId Face() const { return mFace; }
+    [[nodiscard]] CodeBytes Bytes() const { return mBytes; }
     /// By code; those that are not used have neither letter, glyph nor advance.
     [[nodiscard]] const std::vector<Code>& Codes() const { return mCodes; }
     [[nodiscard]] bool IsUsed(std::size_t code) const { return mUsed[code]; }
 
 private:
     report::FaceId mFace;
+    CodeBytes mBytes;
     std::vector<Code> mCodes;
     std::vector<bool> mUsed;
     std::unordered_map<std::uint64_t, std::uint16_t> mByContent;
@@ -47,13 +53,15 @@ private:
 class FontCodes {
 public:
     /// The font of `face` that takes `count` more codes.
-    FontId FontFor(report::FaceId face, std::size_t count);
+    FontId FontFor(report::FaceId face, std::size_t count, CodeBytes bytes = CodeBytes::Two);
     [[nodiscard]] CodeTable& Table(FontId font) { return *mTables.at(font); }
     [[nodiscard]] std::size_t Count() const { return mTables.size(); }
 
 private:
     std::vector<std::unique_ptr<CodeTable>> mTables;
-    std::vector<std::optional<FontId>> mCurrent; ///< by face
+    using CurrentFonts = std::vector<std::optional<FontId>>; ///< by face
+    CurrentFonts mWithTwoBytes;
+    CurrentFonts mWithOneByte;
 };
 
 } // namespace qbrpt::pdf

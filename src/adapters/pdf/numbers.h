@@ -15,6 +15,14 @@ inline void AppendInteger(std::string& text, std::int64_t value) {
     text.append(digits.data(), static_cast<std::size_t>(end - digits.data()));
 }
 
+/// The same with one character behind it.
+inline void AppendInteger(std::string& text, std::int64_t value, char behind) {
+    std::array<char, 21> digits;
+    char* end = std::to_chars(digits.data(), digits.data() + digits.size() - 1, value).ptr;
+    *end++ = behind;
+    text.append(digits.data(), static_cast<std::size_t>(end - digits.data()));
+}
+
 /// `value` / 10^decimals, without zeros at either end: 2835 with 1 is "283.5", 50 with 3 is ".05".
 inline void AppendScaled(std::string& text, std::int64_t value, int decimals) {
     while (decimals > 0 && value % 10 == 0) {

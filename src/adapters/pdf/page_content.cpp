@@ -3,7 +3,6 @@
 #include "adapters/pdf/numbers.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace qbrpt::pdf {
 
@@ -13,10 +12,13 @@ namespace {
 constexpr report::Twips WidestBlank = 200;
 
 void AppendPair(std::string& text, std::int64_t x, std::int64_t y) {
-    AppendInteger(text, x);
-    text.push_back(' ');
-    AppendInteger(text, y);
-    text.push_back(' ');
+    AppendInteger(text, x, ' ');
+    AppendInteger(text, y, ' ');
+}
+
+// std::llround, without a call for each figure of a page.
+std::int64_t Nearest(double value) {
+    return static_cast<std::int64_t>(value < 0 ? value - 0.5 : value + 0.5);
 }
 
 void AppendColor(std::string& text, report::Color color, std::string_view grey, std::string_view rgb) {
@@ -90,10 +92,12 @@ void PageContent::OpenString(const FontChoice& font, report::Color color, report
     NoteText(y);
     const report::Twips up = mHeight - y;
     if (mStringsOpen && mFont == font && mTextColor == color && up == mY) {
-        const std::int64_t back = std::llround((mPen - x) * 1000 / font.size);
+        const std::int64_t back = Nearest((mPen - x) * 1000 / font.size);
         mPen -= static_cast<double>(back) * font.size / 1000;
-        if (back != 0) AppendInteger(mText, back);
-        mText.push_back('(');
+        if (back != 0)
+            AppendInteger(mText, back, '(');
+        else
+            mText.push_back('(');
         return;
     }
     EndStrings();

@@ -183,17 +183,18 @@ EncodedFigures& WordCodes::FiguresOf(report::StyleId style) {
     if (style >= mFigures.size()) mFigures.resize(std::size_t{style} + 1);
     EncodedFigures& figures = mFigures[style];
     const report::FigureFont& font = mFonts.Faces(style).figures;
-    const FontId current = mCodes.FontFor(font.face, font.glyph.size());
+    // A face draws each of its 128 characters in one way: its font is never full.
+    const FontId current = mCodes.FontFor(font.face, 0, CodeBytes::One);
     if (figures.font.font != current || figures.font.size != font.size) figures = {{current, font.size}, {}};
     return figures;
 }
 
-std::uint16_t WordCodes::AssignFigure(EncodedFigures& figures, report::StyleId style, unsigned character) {
+char WordCodes::AssignFigure(EncodedFigures& figures, report::StyleId style, unsigned character) {
     const report::FigureFont& font = mFonts.Faces(style).figures;
     const std::int32_t advance = TenThousandths(font.advance[character]);
     figures.advances[character] = advance;
     const Code code{font.glyph[character], static_cast<char32_t>(character), advance};
-    return figures.codes[character] = mCodes.Table(figures.font.font).CodeOf(code);
+    return figures.codes[character] = static_cast<char>(mCodes.Table(figures.font.font).CodeOf(code));
 }
 
 FontChoice WordCodes::FigureFont(report::StyleId style) {
@@ -204,13 +205,12 @@ double WordCodes::AppendFigures(std::string& content, std::string_view text, rep
     EncodedFigures& figures = mFigures.at(style);
     std::int64_t advance = 0;
     std::size_t at = content.size();
-    content.resize(at + 2 * text.size());
+    content.resize(at + text.size());
     for (const char c : text) {
         const unsigned character = static_cast<unsigned char>(c) & 0x7FU;
-        std::uint16_t code = figures.codes[character];
+        char code = figures.codes[character];
         if (code == 0) code = AssignFigure(figures, style, character);
-        content[at++] = static_cast<char>(code >> 8U);
-        content[at++] = static_cast<char>(code & 0xFFU);
+        content[at++] = code;
         advance += figures.advances[character];
     }
     return static_cast<double>(advance);

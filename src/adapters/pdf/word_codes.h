@@ -50,7 +50,7 @@ struct EncodedWord {
 
 struct EncodedFigures {
     FontChoice font;
-    std::array<std::uint16_t, 128> codes{}; ///< 0: not yet
+    std::array<char, 128> codes{}; ///< 0: not yet
     std::array<std::int32_t, 128> advances{};
 };
 
@@ -83,7 +83,7 @@ private:
     void AddOverlays(const FontChoice& font, const report::GlyphRun& run, float left, EncodedWord& encoded);
     [[nodiscard]] int EmptyGlyph(report::FaceId face);
     EncodedFigures& FiguresOf(report::StyleId style);
-    std::uint16_t AssignFigure(EncodedFigures& figures, report::StyleId style, unsigned character);
+    char AssignFigure(EncodedFigures& figures, report::StyleId style, unsigned character);
 
     const text::FontBook& mFonts;
     FontCodes& mCodes;
