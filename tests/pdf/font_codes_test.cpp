@@ -1,6 +1,7 @@
 #include "adapters/pdf/font_codes.h"
 #include "adapters/pdf/font_objects.h"
 #include "adapters/pdf/numbers.h"
+#include "base/failure.h"
 
 #include <gmock/gmock.h>
 
@@ -27,7 +28,7 @@ TEST(FontCodes, NoneNeedsEscapingInAString) {
     EXPECT_EQ(codes.size(), 20000U);
     for (const std::uint16_t code : codes)
         for (const int byte : {code >> 8, code & 0xFF})
-            EXPECT_TRUE(byte != '(' && byte != ')' && byte != '\\' && byte != '\r') << code;
+            EXPECT_TRUE(byte != '(' && byte != ')' && byte != '\\' && byte != '\r' && byte != '\n') << code;
     EXPECT_FALSE(codes.contains(0)) << "the code of no character";
 }
 
@@ -43,6 +44,26 @@ TEST(FontCodes, AFaceGetsAFurtherFontWhenItsCodesAreUsedUp) {
     EXPECT_EQ(codes.Count(), 3U);
     EXPECT_EQ(codes.Table(2).Face(), 3);
     EXPECT_NE(codes.FontFor(4, 10), codes.FontFor(3, 10)) << "another face";
+}
+
+TEST(FontCodes, FiguresTakeOneByteInAFontOfTheirOwn) {
+    FontCodes codes;
+    const FontId letters = codes.FontFor(3, 10);
+    const FontId figures = codes.FontFor(3, 0, CodeBytes::One);
+    EXPECT_NE(letters, figures);
+    CodeTable& table = codes.Table(figures);
+    EXPECT_EQ(table.Bytes(), CodeBytes::One);
+    for (char32_t character = 0; character < 128; ++character)
+        EXPECT_LT(table.CodeOf({static_cast<std::uint16_t>(character), character, 5720}), 0x100);
+    EXPECT_EQ(codes.FontFor(3, 0, CodeBytes::One), figures) << "all that a face has are in one font";
+    EXPECT_THAT(ToUnicode(table), testing::HasSubstr("<00><FF>"));
+    EXPECT_THAT(ToUnicode(table), testing::HasSubstr("\n<02><0001>\n"));
+    EXPECT_THROW(
+        {
+            for (std::int32_t i = 0; i < 300; ++i)
+                table.CodeOf({1, U'a', i});
+        },
+        Failure);
 }
 
 TEST(FontCodes, EachCodeReadsAsOneLetter) {

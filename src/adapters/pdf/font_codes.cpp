@@ -10,11 +10,12 @@ namespace {
 
 constexpr std::size_t HighestCode = 0xFFFF;
 constexpr std::size_t HighestByte = 0xFF;
-// Of 256 values of a byte four are left out, so codes run out before their number does.
-constexpr std::size_t SkippedPerPage = 4;
+// Of 256 values of a byte five are left out, so codes run out before their number does.
+constexpr std::size_t SkippedPerPage = 5;
 
 bool NeedsEscape(unsigned byte) {
-    return byte == '(' || byte == ')' || byte == '\\' || byte == '\r';
+    // A line end needs none, but there are readers that take two of them for one.
+    return byte == '(' || byte == ')' || byte == '\\' || byte == '\r' || byte == '\n';
 }
 
 bool Usable(std::size_t code) {
