@@ -165,6 +165,7 @@ class FakeRuntime final : public CrystalRuntime::Runtime {
 public:
     std::vector<std::shared_ptr<ReportRecord>> made;
     std::weak_ptr<FakeReport> latest;
+    std::function<void(FakeReport&)> prepare = [](FakeReport&) {}; ///< runs when a report was made
 
 private:
     Ref<CrystalRuntime::Report> DoNewReport(const std::string& templateName,
@@ -173,6 +174,7 @@ private:
         made.back()->templateName = templateName;
         auto report = std::make_shared<FakeReport>(made.back());
         latest = report;
+        prepare(*report);
         return report;
     }
 };
