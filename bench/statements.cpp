@@ -32,6 +32,7 @@ private:
     }
     void DoExecute(const std::string&) override {}
     std::int32_t DoRecordsAffected() override { return 0; }
+    Ref<DAO::Transaction> DoBeginTrans() override { return nullptr; }
     Ref<DAO::QueryDef> DoQueryDefs(const std::string&) override { return nullptr; }
 
     std::string mLast;

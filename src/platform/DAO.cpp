@@ -74,6 +74,16 @@ void Database::Execute(const std::string& statement) {
     DoExecute(statement);
 }
 
+void Transaction::Commit() {
+    Announce("DAO.Transaction", "Commit");
+    DoCommit();
+}
+
+Ref<Transaction> Database::BeginTrans() {
+    Announce(DatabasePort, "BeginTrans");
+    return DoBeginTrans();
+}
+
 std::int32_t Database::RecordsAffected() {
     Announce(DatabasePort, "RecordsAffected");
     return DoRecordsAffected();

@@ -61,6 +61,16 @@ private:
     virtual Ref<Recordset> DoOpenRecordset() = 0;
 };
 
+/// Writing that is either wholly done or not at all. What is dropped before its Commit has returned is
+/// undone.
+class Transaction : public Port {
+public:
+    void Commit();
+
+private:
+    virtual void DoCommit() = 0;
+};
+
 class Database : public Port {
 public:
     /// Runs a SELECT, or a saved query by its name. `type` is passed on as the caller gave it.
@@ -70,6 +80,9 @@ public:
     void Execute(const std::string& statement);
     /// Rows that the last Execute wrote.
     [[nodiscard]] std::int32_t RecordsAffected();
+    /// From here on to the end of the transaction nobody else writes, and what is read is as it stands now.
+    /// Inside a transaction of the host's it is a part of that one.
+    [[nodiscard]] Ref<Transaction> BeginTrans();
     /// The saved query `name`; a name that is not there is a failure.
     [[nodiscard]] Ref<QueryDef> QueryDefs(const std::string& name);
 
@@ -77,6 +90,7 @@ private:
     virtual Ref<Recordset> DoOpenRecordset(const std::string& source, std::optional<int> type) = 0;
     virtual void DoExecute(const std::string& statement) = 0;
     virtual std::int32_t DoRecordsAffected() = 0;
+    virtual Ref<Transaction> DoBeginTrans() = 0;
     virtual Ref<QueryDef> DoQueryDefs(const std::string& name) = 0;
 };
 

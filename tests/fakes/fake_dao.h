@@ -90,6 +90,24 @@ private:
     std::vector<Row> mRows;
 };
 
+/// What became of a transaction.
+struct TransactionRecord {
+    bool committed = false;
+    bool ended = false;
+};
+
+class FakeTransaction final : public DAO::Transaction {
+public:
+    explicit FakeTransaction(std::shared_ptr<TransactionRecord> record) : mRecord(std::move(record)) {}
+    ~FakeTransaction() override { mRecord->ended = true; }
+    FakeTransaction(const FakeTransaction&) = delete;
+    FakeTransaction& operator=(const FakeTransaction&) = delete;
+
+private:
+    void DoCommit() override { mRecord->committed = true; }
+    std::shared_ptr<TransactionRecord> mRecord;
+};
+
 class FakeDatabase final : public DAO::Database {
 public:
     /// Statements that contain `part` return `rows`. The part that was named last goes first.
@@ -107,6 +125,9 @@ public:
     std::vector<std::string> executed;
     std::vector<std::shared_ptr<FakeRecordset>> recordsets; ///< one an answered statement, in order
     std::map<std::string, std::shared_ptr<FakeQueryDef>> queryDefs;
+    std::vector<std::shared_ptr<TransactionRecord>> transactions;
+    std::int32_t recordsAffected = 0;
+    std::map<std::string, std::string> refused; ///< words of the failure, by a part of what is executed
 
 private:
     Ref<DAO::Recordset> DoOpenRecordset(const std::string& source, std::optional<int> type) override {
@@ -118,8 +139,17 @@ private:
         }
         throw Failure(FailureNumber::UnknownName, "no rows are laid out for: " + source);
     }
-    void DoExecute(const std::string& statement) override { executed.push_back(statement); }
-    std::int32_t DoRecordsAffected() override { return 0; }
+    void DoExecute(const std::string& statement) override {
+        for (const auto& [part, words] : refused)
+            if (statement.find(part) != std::string::npos)
+                throw Failure(FailureNumber::DatabaseEngine, words);
+        executed.push_back(statement);
+    }
+    std::int32_t DoRecordsAffected() override { return recordsAffected; }
+    Ref<DAO::Transaction> DoBeginTrans() override {
+        transactions.push_back(std::make_shared<TransactionRecord>());
+        return std::make_shared<FakeTransaction>(transactions.back());
+    }
     Ref<DAO::QueryDef> DoQueryDefs(const std::string& name) override {
         const auto found = queryDefs.find(name);
         if (found == queryDefs.end())

@@ -41,6 +41,18 @@ private:
     ParameterValues mValues;
 };
 
+class DrivenTransaction final : public DAO::Transaction {
+public:
+    explicit DrivenTransaction(std::shared_ptr<Connection> connection)
+        : mConnection(std::move(connection)), mWriting(mConnection->BeginWriting()) {}
+
+private:
+    void DoCommit() override { mWriting->Commit(); }
+
+    std::shared_ptr<Connection> mConnection; // first, so that it goes last
+    std::unique_ptr<Writing> mWriting;
+};
+
 class DrivenDatabase final : public DAO::Database {
 public:
     DrivenDatabase(std::shared_ptr<Connection> connection, RowStoreOptions options)
@@ -57,6 +69,8 @@ private:
     }
 
     std::int32_t DoRecordsAffected() override { return mRecordsAffected; }
+
+    Ref<DAO::Transaction> DoBeginTrans() override { return std::make_shared<DrivenTransaction>(mConnection); }
 
     Ref<DAO::QueryDef> DoQueryDefs(const std::string& name) override {
         auto text = mConnection->SavedQuery(name);

@@ -36,6 +36,17 @@ public:
     [[nodiscard]] virtual std::string Origin(std::size_t index) const = 0;
 };
 
+/// A transaction that writes, or a part of the host's. Its destructor undoes what was not committed.
+class Writing {
+public:
+    Writing() = default;
+    Writing(const Writing&) = delete;
+    Writing& operator=(const Writing&) = delete;
+    virtual ~Writing() = default;
+
+    virtual void Commit() = 0;
+};
+
 /// One session with a database. All calls come from one thread.
 class Connection {
 public:
@@ -56,6 +67,10 @@ public:
     [[nodiscard]] virtual bool HasTable(std::string_view name) = 0;
     /// Rows that the last writing statement changed.
     [[nodiscard]] virtual std::int64_t RowsWritten() = 0;
+
+    /// Waits for other programs that write, as long as the session waits at all. What it gives must not
+    /// live longer than the connection.
+    [[nodiscard]] virtual std::unique_ptr<Writing> BeginWriting() = 0;
 
     /// All that is read up to EndReading is read from one state of the database, however much another
     /// program writes meanwhile. Calls do not nest.

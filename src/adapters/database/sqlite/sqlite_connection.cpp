@@ -19,6 +19,43 @@ int LookAtCancelFlag(void*) {
     return CancelRequested() ? 1 : 0;
 }
 
+struct WritingWords {
+    const char* begin;
+    const char* commit;
+    const char* undo;
+};
+
+// A transaction that only reads at first could find at its first writing that another program has written
+// since, so it asks for the right to write at once.
+constexpr WritingWords OwnTransaction = {"BEGIN IMMEDIATE", "COMMIT", "ROLLBACK"};
+// Where the host has one open, only what happens inside is undone.
+constexpr WritingWords PartOfHosts = {"SAVEPOINT \"qb entry\"", "RELEASE \"qb entry\"",
+                                      "ROLLBACK TO \"qb entry\"; RELEASE \"qb entry\""};
+
+class SqliteWriting final : public Writing {
+public:
+    SqliteWriting(sqlite3* handle, const WritingWords& words) : mHandle(handle), mWords(words) {
+        SqliteStatement(mHandle, mWords.begin, "").Run();
+    }
+    ~SqliteWriting() override {
+        // The engine itself has undone it after some failures.
+        if (!mCommitted && sqlite3_get_autocommit(mHandle) == 0)
+            sqlite3_exec(mHandle, mWords.undo, nullptr, nullptr, nullptr);
+    }
+    SqliteWriting(const SqliteWriting&) = delete;
+    SqliteWriting& operator=(const SqliteWriting&) = delete;
+
+    void Commit() override {
+        SqliteStatement(mHandle, mWords.commit, "").Run();
+        mCommitted = true;
+    }
+
+private:
+    sqlite3* mHandle;
+    const WritingWords& mWords;
+    bool mCommitted = false;
+};
+
 } // namespace
 
 SqliteConnection::SqliteConnection(SqliteHandle handle)
@@ -58,6 +95,11 @@ bool SqliteConnection::HasTable(std::string_view name) {
 
 std::int64_t SqliteConnection::RowsWritten() {
     return sqlite3_changes64(mHandle);
+}
+
+std::unique_ptr<Writing> SqliteConnection::BeginWriting() {
+    const bool free = sqlite3_get_autocommit(mHandle) != 0;
+    return std::make_unique<SqliteWriting>(mHandle, free ? OwnTransaction : PartOfHosts);
 }
 
 // One SELECT alone is one state already; a transaction makes the look at the tables part of it. On a host's

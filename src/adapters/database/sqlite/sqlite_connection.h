@@ -31,6 +31,7 @@ public:
     [[nodiscard]] std::optional<std::string> SavedQuery(std::string_view name) override;
     [[nodiscard]] bool HasTable(std::string_view name) override;
     [[nodiscard]] std::int64_t RowsWritten() override;
+    [[nodiscard]] std::unique_ptr<Writing> BeginWriting() override;
     void BeginReading() override;
     void EndReading() noexcept override;
 
