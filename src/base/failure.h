@@ -11,6 +11,7 @@ namespace qbrpt {
 enum class FailureNumber : int {
     InvalidArgument = 5,    ///< a value that the called operation cannot take
     Overflow = 6,           ///< a number that does not fit its 16- or 32-bit place
+    OutOfRange = 9,         ///< a place that a row of values does not have
     DivisionByZero = 11,    ///< a ratio to a size of nothing
     TypeMismatch = 13,      ///< text where a number is needed, and the like
     FileNotFound = 53,      ///< a named file does not exist

@@ -17,6 +17,7 @@ class Runtime;
 class Clock;
 class FontSource;
 class Forms;
+class Gdi;
 class Locale;
 class MessageBoxes;
 class Printers;
@@ -40,6 +41,7 @@ public:
     Ref<MessageBoxes> messages;           ///< message boxes
     Ref<Printers> printers;               ///< the printer collection and the current printer
     Ref<Spooler> spooler;                 ///< what a printer offers
+    Ref<Gdi> gdi;                         ///< drawing by handles
     Ref<FontSource> fonts;                ///< enumerates the fonts of a character set
     Ref<Locale> locale;                   ///< date and time in words
     Ref<Clock> clock;                     ///< the time of printing

@@ -5,6 +5,7 @@
 #include "fakes/fake_desktop.h"
 #include "fakes/fake_fonts.h"
 #include "fakes/fake_forms.h"
+#include "fakes/fake_gdi.h"
 #include "fakes/fake_report.h"
 #include "fakes/fake_spooler.h"
 #include "fakes/fake_windows.h"
@@ -30,6 +31,7 @@ public:
         platform->messages = messages;
         platform->printers = printers;
         platform->spooler = spooler;
+        platform->gdi = gdi;
         platform->fonts = fonts;
         platform->clock = clock;
         mBefore = Platform::Install(std::move(platform));
@@ -53,6 +55,7 @@ public:
     std::shared_ptr<FakeMessageBoxes> messages = std::make_shared<FakeMessageBoxes>();
     std::shared_ptr<FakePrinters> printers = std::make_shared<FakePrinters>();
     std::shared_ptr<FakeSpooler> spooler = std::make_shared<FakeSpooler>();
+    std::shared_ptr<FakeGdi> gdi = std::make_shared<FakeGdi>();
     std::shared_ptr<FakeFonts> fonts = std::make_shared<FakeFonts>();
     std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
 

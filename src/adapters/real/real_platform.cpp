@@ -5,6 +5,7 @@
 #include "adapters/console/quiet_screen.h"
 #include "adapters/console/quiet_tree.h"
 #include "adapters/database/sqlite/sqlite_engine.h"
+#include "adapters/gdi/raster_gdi.h"
 #include "adapters/locale/locale_adapter.h"
 #include "adapters/locale/system_clock.h"
 #include "adapters/printing/pdf_folder.h"
@@ -89,6 +90,7 @@ std::unique_ptr<Platform> MakeRealPlatform(RealParts parts) {
                      parts.forms.Empty() ? MakeFileForms(pdfPrinter, TellOfFile) : parts.forms);
     if (!parts.messages.Empty()) platform->messages = std::move(parts.messages);
     platform->printers = std::move(parts.printers);
+    platform->gdi = std::make_shared<gdi::RasterGdi>();
     platform->fonts = std::shared_ptr<FontSource>(text::MakeFontSource());
     platform->locale = MakeLocale();
     platform->clock = MakeSystemClock();
