@@ -115,7 +115,7 @@ void frmPrntServer::SetZoom(std::int16_t n) {
 }
 
 void frmPrntServer::UpdateViewCommands() {
-    ErrorTrap trap(ErrorTrap::SilentLeave);
+    ErrorTrap trap(ErrorTrap::SilentGoOn);
     if (!trap.Test([&] { return !prntViewer()->IsBusy(); })) return;
     std::int32_t c = 0;
     std::int32_t p = 0;

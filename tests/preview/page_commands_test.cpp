@@ -1,4 +1,5 @@
 // Pages and zoom: what each command does, and what menu and buttons say after it.
+#include "fakes/fault_observer.h"
 #include "preview_fixture.h"
 
 #include <map>
@@ -215,6 +216,21 @@ TEST_F(PreviewTest, APageTurnedInTheViewerIsSeenInTheMenu) {
         form.events.PageChanged();
         EXPECT_FALSE(form.menu.at("mnNextPage")->enabled);
         EXPECT_TRUE(form.menu.at("mnPrevPage")->enabled);
+    });
+}
+
+TEST_F(PreviewTest, AStateThatCannotBeSetHoldsNoOtherUp) {
+    Record().pages = 3;
+    Show([this](FakeForm& form) {
+        platform.viewer->page = 3;
+        // Busy, current page, pages, the item, then its state, which fails.
+        fakes::FakePlatform::Observe(
+            std::make_shared<fakes::FaultObserver>(5, fakes::FaultObserver::Reach::Once));
+        form.events.PageChanged();
+        EXPECT_TRUE(form.menu.at("mnNextPage")->enabled) << "the one that failed";
+        EXPECT_TRUE(form.menu.at("mnPrevPage")->enabled);
+        EXPECT_TRUE(form.menu.at("mnZoomIn")->enabled);
+        EXPECT_TRUE(platform.messages->boxes.empty());
     });
 }
 

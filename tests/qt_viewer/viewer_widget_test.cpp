@@ -24,6 +24,15 @@ protected:
     void ViewPayments(std::size_t rows = RowsOfSomePages, bool arabic = true) {
         View(Filled("PayOutRpt", NamedPayments(rows)), arabic);
     }
+    /// A report whose rows must all be measured, which takes a while.
+    Ref<CrystalRuntime::Report> LongReport() {
+        const auto report = NewReport("PayOutRpt");
+        const auto data = std::make_shared<fakes::FakeRecordset>(std::vector<fakes::Row>{});
+        data->rows = std::make_shared<RepeatedRows>(NamedPayments(500), 1'200'000);
+        report->SetDataSource(data, 3);
+        report->ReadRecords();
+        return report;
+    }
     [[nodiscard]] std::int32_t Pages() const { return Desk().PageCount(); }
     [[nodiscard]] std::int32_t Page() const { return port->GetCurrentPageNumber(); }
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
@@ -309,13 +318,39 @@ TEST_F(ViewerTests, AnEmptyReportHasAPage) {
     EXPECT_EQ(Page(), 1);
 }
 
+TEST_F(ViewerTests, EscapeStopsTheReadingOfALongReport) {
+    viewer->show();
+    port->SetReportSource(LongReport());
+    QApplication::postEvent(viewer.get(), new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+    const Failure stopped = FailureOf([&] { port->ViewReport(true); });
+    EXPECT_EQ(stopped.Number(), FailureNumber::Cancelled);
+    EXPECT_FALSE(port->IsBusy());
+    port->ViewReport(true); // as if it had never been begun
+    EXPECT_GT(Pages(), 27'000);
+    Press(Qt::Key_End);
+    EXPECT_EQ(Page(), Pages());
+}
+
+TEST_F(ViewerTests, AReportThatIsReadHearsNoOtherKeyAndNoClick) {
+    View(Filled("PayOutRpt", NamedPayments(RowsOfSomePages)));
+    port->SetReportSource(LongReport());
+    bool closing = false;
+    bool busy = false;
+    QTimer::singleShot(0, viewer.get(), [&] {
+        busy = port->IsBusy();
+        closing = viewer->close();
+        QTest::keyClick(Viewport(), Qt::Key_End);
+        QTest::keyClick(viewer.get(), Qt::Key_F, Qt::ControlModifier);
+    });
+    port->ViewReport(true);
+    EXPECT_TRUE(busy);
+    EXPECT_FALSE(closing);
+    EXPECT_EQ(Page(), 1);
+    EXPECT_FALSE(viewer->Find().isVisible());
+}
+
 TEST_F(ViewerTests, ManyPagesStayWithinTheMemoryForPictures) {
-    const auto report = NewReport("PayOutRpt");
-    const auto data = std::make_shared<fakes::FakeRecordset>(std::vector<fakes::Row>{});
-    data->rows = std::make_shared<RepeatedRows>(NamedPayments(500), 1'200'000);
-    report->SetDataSource(data, 3);
-    report->ReadRecords();
-    View(report);
+    View(LongReport());
     ASSERT_GT(Pages(), 27'000);
     std::size_t most = 0;
     constexpr std::array<std::int16_t, 4> zooms = {100, 400, 25, 200};

@@ -1,6 +1,7 @@
 // A finished report page by page, for whoever draws it.
 #pragma once
 
+#include "adapters/output/report_output.h"
 #include "base/ref.h"
 #include "platform/CrystalRuntime.h"
 #include "report/document.h"
@@ -19,6 +20,8 @@ public:
     virtual ~PageSource() = default;
     /// Exact; measures the report where that has not been done yet.
     [[nodiscard]] virtual std::int32_t PageCount() = 0;
+    /// The same for a report that may be long: `progress` is called now and then, and may raise Cancelled.
+    virtual std::int32_t CountPages(const PageProgress& progress) = 0;
     /// The sheet as it is turned.
     [[nodiscard]] virtual report::Sheet SheetSize() = 0;
     /// Builds page `index`, from 0, as every device shows it.

@@ -30,6 +30,12 @@ std::int32_t LiveReport::PageCount() {
     return CheckedLong(static_cast<std::int64_t>(Document().PageCount()));
 }
 
+std::int32_t LiveReport::CountPages(const PageProgress& progress) {
+    mProgress = &progress;
+    const std::shared_ptr<void> progressEnds(nullptr, [this](void*) { mProgress = nullptr; });
+    return PageCount();
+}
+
 report::Sheet LiveReport::SheetSize() {
     const PaperExtent paper = ExtentOfPaper(mPaperSize);
     if (Landscape()) return {paper.height, paper.width};

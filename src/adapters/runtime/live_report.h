@@ -25,6 +25,7 @@ public:
 
     [[nodiscard]] std::string Title() override;
     [[nodiscard]] std::int32_t PageCount() override;
+    std::int32_t CountPages(const PageProgress& progress) override;
     [[nodiscard]] report::Sheet SheetSize() override;
     void BuildPage(std::int32_t index, report::Page& page) override;
     [[nodiscard]] const text::FontBook& Fonts() override;

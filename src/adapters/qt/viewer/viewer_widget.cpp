@@ -1,6 +1,7 @@
 #include "adapters/qt/viewer/viewer_widget.h"
 
 #include "adapters/output/report_output.h"
+#include "adapters/qt/viewer/reading_watch.h"
 #include "adapters/qt/viewer/text_folding.h"
 #include "adapters/qt/viewer/viewer_port.h"
 #include "adapters/qt/viewer/viewer_words.h"
@@ -65,6 +66,8 @@ std::int32_t ViewerWidget::View(bool arabic) {
     mFind->SetLanguage(arabic);
     mActions.SetLanguage(arabic);
     mFinder.Clear();
+    mPages.reset();
+    ReadPages();
     mPages = std::make_shared<viewer::PageStore>(mReport);
     mDesk->Show(mPages);
     return mDesk->PageCount();
@@ -72,8 +75,21 @@ std::int32_t ViewerWidget::View(bool arabic) {
 
 void ViewerWidget::Renew() {
     if (!mPages) return;
+    mFinder.Stop();
+    ReadPages();
     mDesk->Renew();
     if (mFind->isVisible()) StartFinding(mFind->Text());
+}
+
+void ViewerWidget::ReadPages() {
+    mBusy = true;
+    mDesk->Freeze(true);
+    const std::shared_ptr<void> readingEnds(nullptr, [this](void*) {
+        mBusy = false;
+        mDesk->Freeze(false);
+    });
+    viewer::ReadingWatch watch;
+    PagesOf(mReport).CountPages([&watch](std::size_t, std::size_t) { watch.Look(); });
 }
 
 void ViewerWidget::Run(ViewerCommand command) {

@@ -49,6 +49,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    void ReadPages();
     void StartFinding(const QString& text);
     void CloseFind();
     void AskForPage();
