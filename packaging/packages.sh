@@ -5,6 +5,7 @@ build_packages="g++ cmake ninja-build pkg-config
   libicu-dev libsqlite3-dev libfontconfig-dev libharfbuzz-dev libfribidi-dev libdeflate-dev libxlsxwriter-dev
   libpng-dev libturbojpeg0-dev
   libxcb1-dev libxcb-ewmh-dev libxcb-icccm4-dev libtomlplusplus-dev nlohmann-json3-dev libcli11-dev
+  libcups2-dev
   qt6-base-dev qt6-svg-dev"
 
 # What stands on pages: the faces of the house style, and those that every machine has.
@@ -12,7 +13,8 @@ run_packages="fonts-noto-core fonts-noto-ui-core fonts-dejavu-core fonts-dejavu-
 
 # Configuring needs these also where no test is built.
 test_build_packages="libgtest-dev libgmock-dev"
-test_packages="poppler-utils qpdf mupdf-tools sqlite3 python3 python3-openpyxl xvfb xauth openbox xterm x11-utils xdotool"
+test_packages="poppler-utils qpdf mupdf-tools sqlite3 python3 python3-openpyxl xvfb xauth openbox xterm x11-utils xdotool
+  cups-daemon cups-client cups-ipp-utils cups-filters dbus-daemon"
 
 # install_missing PACKAGE... installs those that are not there yet; quiet, and does nothing when all are.
 install_missing() {

@@ -3,7 +3,6 @@
 #include "adapters/console/console_boxes.h"
 #include "adapters/console/quiet_forms.h"
 #include "adapters/printing/pdf_folder.h"
-#include "adapters/printing/printer_list.h"
 #include "adapters/real/real_platform.h"
 #include "adapters/trace/trace_writer.h"
 #include "base/failure.h"
@@ -112,10 +111,12 @@ private:
                 std::make_shared<QuietForms>([files = mFiles](const Ref<CrystalRuntime::Report>& report) {
                     files->Write(OutputOf(report), {});
                 });
-            parts.printers = std::make_shared<PrinterList>(std::vector{pdfPrinter.Info()});
+            parts.printers = std::make_shared<InstalledPrinters>(pdfPrinter, nullptr);
         } else {
             const FileMade teller = [this](const std::filesystem::path& file) { TellOf(file); };
-            parts.delivery = std::make_shared<PrinterDelivery>(pdfPrinter, teller);
+            parts.printers = PrintersOfThisMachine();
+            parts.delivery = std::make_shared<PrinterDelivery>(pdfPrinter, parts.printers, teller,
+                                                               [this](const PrintJob&) { mMade = true; });
             if (mCall.destination == Destination::Printer)
                 parts.forms = std::make_shared<QuietForms>(
                     [](const Ref<CrystalRuntime::Report>& report) { report->PrintOut(false); });

@@ -89,9 +89,9 @@ TEST(PdfPrinter, AFolderThatCannotBeMadeIsAFailure) {
 TEST(PrinterDelivery, PrintsOnThePrinterOfTheJobOnly) {
     const TempFolder folder;
     std::vector<std::string> made;
-    PrinterDelivery delivery(PdfPrinter(folder.Path()), [&](const std::filesystem::path& file) {
-        made.push_back(file.filename().string());
-    });
+    PrinterDelivery delivery(
+        PdfPrinter(folder.Path()), std::make_shared<InstalledPrinters>(PdfPrinter(folder.Path()), nullptr),
+        [&](const std::filesystem::path& file) { made.push_back(file.filename().string()); });
     FewWords report;
     delivery.Print(report, JobCalled("a"));
     EXPECT_THAT(made, ElementsAre("a.pdf"));

@@ -9,10 +9,16 @@
 namespace qbrpt {
 namespace {
 
-PrinterInfo Printer(const std::string& name) {
-    PrinterInfo printer;
-    printer.deviceName = name;
+InstalledPrinter Printer(const std::string& name) {
+    InstalledPrinter printer;
+    printer.info.deviceName = name;
     return printer;
+}
+
+std::shared_ptr<InstalledPrinters> Installed(std::vector<InstalledPrinter> printers) {
+    return std::make_shared<InstalledPrinters>(std::nullopt, [=] {
+        return PrinterListing{printers, {}, false};
+    });
 }
 
 class PrinterListTest : public ::testing::Test {
@@ -28,7 +34,7 @@ protected:
         return FailureNumber{0};
     }
 
-    PrinterList mPrinters{{Printer("first"), Printer("second")}};
+    PrinterList mPrinters{Installed({Printer("first"), Printer("second")})};
 };
 
 TEST_F(PrinterListTest, CountsAndLists) {
@@ -77,7 +83,7 @@ TEST_F(PrinterListTest, RefusesWhatNoPrinterHas) {
 }
 
 TEST_F(PrinterListTest, WithNoPrinterUsingItIsAFailure) {
-    PrinterList none({});
+    PrinterList none(Installed({}));
     EXPECT_EQ(none.Count(), 0);
     EXPECT_EQ(NumberOf([&] { static_cast<void>(none.Current()); }), FailureNumber::Device);
     EXPECT_EQ(NumberOf([&] { static_cast<void>(none.Orientation()); }), FailureNumber::Device);

@@ -1,6 +1,7 @@
 #include "tools/child_process.h"
 
 #include <fcntl.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -53,6 +54,7 @@ ChildProcess::ChildProcess(std::vector<std::string> command, const Environment& 
     mProcess = ::fork();
     if (mProcess < 0) throw std::runtime_error("fork failed");
     if (mProcess == 0) {
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL); // a test that is killed leaves nothing running
         Redirect("/dev/null", O_RDONLY, STDIN_FILENO);
         Redirect(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND, STDOUT_FILENO);
         Redirect(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND, STDERR_FILENO);

@@ -1,6 +1,7 @@
 // A finished report seen from outside: its pages as PDF, its rows as tables.
 #pragma once
 
+#include "adapters/output/printer_facts.h"
 #include "base/byte_sink.h"
 #include "base/ref.h"
 #include "platform/CrystalRuntime.h"
@@ -53,6 +54,8 @@ struct PrintJob {
     std::string title;
     std::int16_t paperSize = 9;
     std::int16_t orientation = 1;
+    std::optional<std::int16_t> bin; ///< nothing: as the printer chooses
+    Sides sides = Sides::AsThePrinterHas;
     std::int32_t copies = 1;
     PageRange pages;
 };

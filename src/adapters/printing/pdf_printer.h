@@ -22,6 +22,8 @@ public:
     /// A4 upright; the folder stands as its port.
     [[nodiscard]] PrinterInfo Info() const;
 
+    [[nodiscard]] const PageProgress& Progress() const { return mProgress; }
+
     /// Prints, and returns the file. Raises FileAccess or Output; nothing half-written stays behind.
     std::filesystem::path Print(ReportOutput& report, const PrintJob& job) const;
 

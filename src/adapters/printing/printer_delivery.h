@@ -2,10 +2,12 @@
 #pragma once
 
 #include "adapters/output/report_output.h"
+#include "adapters/printing/installed_printers.h"
 #include "adapters/printing/pdf_printer.h"
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 
 namespace qbrpt {
 
@@ -14,14 +16,21 @@ using FileMade = std::function<void(const std::filesystem::path& file)>;
 
 class PrinterDelivery : public Delivery {
 public:
-    explicit PrinterDelivery(PdfPrinter pdfPrinter, FileMade made = {});
+    /// `queued` is told of each job that the spooler has taken.
+    PrinterDelivery(PdfPrinter pdfPrinter, std::shared_ptr<InstalledPrinters> printers, FileMade made = {},
+                    std::function<void(const PrintJob& job)> queued = {});
 
-    /// Raises Device for a printer that is not known.
+    /// Raises Device for a printer that is not known, and for what the printer does not have or refuses.
     void Print(ReportOutput& report, const PrintJob& job) override;
 
 private:
+    [[nodiscard]] InstalledPrinter PrinterOf(const PrintJob& job);
+    void Spool(ReportOutput& report, const PrintJob& job);
+
     PdfPrinter mPdfPrinter;
+    std::shared_ptr<InstalledPrinters> mPrinters;
     FileMade mMade;
+    std::function<void(const PrintJob& job)> mQueued;
 };
 
 } // namespace qbrpt

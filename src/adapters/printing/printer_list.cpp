@@ -2,18 +2,25 @@
 
 #include "base/failure.h"
 #include "base/numbers.h"
-#include "base/paper.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace qbrpt {
 
 namespace {
 
-void TurnSheet(PrinterInfo& printer) {
-    const PaperExtent sheet = ExtentOfPaper(printer.paperSize);
-    printer.width = printer.orientation == OrientationLandscape ? sheet.height : sheet.width;
+PaperExtent SheetOn(const InstalledPrinter& printer, std::int16_t paperSize) {
+    // A usual number is exactly that size, however the printer rounds it.
+    const PrinterPaper* own = paperSize >= FirstOwnPaper ? printer.PaperOf(paperSize) : nullptr;
+    return own == nullptr ? ExtentOfPaper(paperSize) : ExtentOfSize(own->width, own->height);
+}
+
+/// The printer as it is seen, with the width of the sheet as it is turned.
+PrinterInfo Seen(const InstalledPrinter& printer) {
+    PrinterInfo info = printer.info;
+    const PaperExtent sheet = SheetOn(printer, info.paperSize);
+    info.width = info.orientation == OrientationLandscape ? sheet.height : sheet.width;
+    return info;
 }
 
 void RequirePositive(std::int16_t value, const std::string& what) {
@@ -22,65 +29,92 @@ void RequirePositive(std::int16_t value, const std::string& what) {
                       "The printer has no " + what + " " + DecimalText(value) + ".");
 }
 
+[[noreturn]] void Refuse(const InstalledPrinter& printer, const std::string& what, std::int16_t value) {
+    throw Failure(FailureNumber::InvalidArgument, "The printer \"" + printer.info.deviceName + "\" has no " +
+                                                      what + " " + DecimalText(value) + ".");
+}
+
+std::string Behind(const std::string& trouble) {
+    return trouble.empty() ? std::string{} : " " + trouble;
+}
+
 } // namespace
 
-PrinterList::PrinterList(std::vector<PrinterInfo> printers) : mPrinters(std::move(printers)) {
-    for (PrinterInfo& printer : mPrinters)
-        TurnSheet(printer);
-    if (!mPrinters.empty()) mCurrent = mPrinters.front();
+std::string NoSuchPrinter(const std::string& device, const InstalledPrinters& printers) {
+    return "There is no printer \"" + device + "\"." + Behind(printers.Trouble());
+}
+
+PaperExtent PrinterList::SheetOf(const std::string& device, std::int16_t paperSize) {
+    if (paperSize < FirstOwnPaper) return ExtentOfPaper(paperSize);
+    const std::optional<InstalledPrinter> printer = mPrinters->Find(device);
+    return printer ? SheetOn(*printer, paperSize) : ExtentOfPaper(paperSize);
+}
+
+std::optional<std::int16_t> PrinterList::BinOf(const std::string& device) {
+    if (mCurrent && mCurrent->info.deviceName == device) return mCurrent->info.paperBin;
+    return std::nullopt;
+}
+
+Sides PrinterList::SidesOf(const std::string&) {
+    return mSides;
 }
 
 std::int32_t PrinterList::DoCount() {
-    return CheckedLong(static_cast<std::int64_t>(mPrinters.size()));
+    mPrinters->Refresh();
+    return CheckedLong(static_cast<std::int64_t>(mPrinters->All()->size()));
 }
 
 PrinterInfo PrinterList::DoItem(std::int32_t index) {
-    if (index < 0 || index >= DoCount())
+    const InstalledPrinters::Snapshot all = mPrinters->All();
+    if (index < 0 || index >= CheckedLong(static_cast<std::int64_t>(all->size())))
         throw Failure(FailureNumber::NotInCollection,
                       "There is no printer number " + DecimalText(index) + ".");
-    return mPrinters[static_cast<std::size_t>(index)];
+    return Seen((*all)[static_cast<std::size_t>(index)]);
 }
 
 PrinterInfo PrinterList::DoCurrent() {
-    return Required();
+    return Seen(Required());
 }
 
-PrinterInfo& PrinterList::Required() {
-    if (!mCurrent)
-        throw Failure(FailureNumber::Device,
-                      "There is no printer. Install one, or switch the PDF printer on (QBRPT_PDF_PRINTER).");
+InstalledPrinter& PrinterList::Required() {
+    if (!mCurrent) {
+        const InstalledPrinters::Snapshot all = mPrinters->All();
+        if (all->empty())
+            throw Failure(
+                FailureNumber::Device,
+                "There is no printer. Install one, or switch the PDF printer on (QBRPT_PDF_PRINTER)." +
+                    Behind(mPrinters->Trouble()));
+        mCurrent = all->front();
+    }
     return *mCurrent;
 }
 
 void PrinterList::DoSetOrientation(std::int16_t orientation) {
-    PrinterInfo& printer = Required();
+    InstalledPrinter& printer = Required();
     if (orientation != OrientationPortrait && orientation != OrientationLandscape)
         throw Failure(FailureNumber::InvalidArgument,
                       "The printer has no orientation " + DecimalText(orientation) + ".");
-    printer.orientation = orientation;
-    TurnSheet(printer);
+    printer.info.orientation = orientation;
 }
 
 void PrinterList::DoSetCurrent(const std::string& deviceName) {
-    const auto found = std::find_if(mPrinters.begin(), mPrinters.end(), [&](const PrinterInfo& printer) {
-        return printer.deviceName == deviceName;
-    });
-    if (found == mPrinters.end())
-        throw Failure(FailureNumber::NotInCollection, "There is no printer \"" + deviceName + "\".");
-    mCurrent = *found;
+    std::optional<InstalledPrinter> chosen = mPrinters->Find(deviceName);
+    if (!chosen) throw Failure(FailureNumber::NotInCollection, NoSuchPrinter(deviceName, *mPrinters));
+    mCurrent = std::move(chosen);
 }
 
 void PrinterList::DoSetPaperSize(std::int16_t paperSize) {
-    PrinterInfo& printer = Required();
+    InstalledPrinter& printer = Required();
     RequirePositive(paperSize, "paper");
-    printer.paperSize = paperSize;
-    TurnSheet(printer);
+    if (!printer.papers.empty() && printer.PaperOf(paperSize) == nullptr) Refuse(printer, "paper", paperSize);
+    printer.info.paperSize = paperSize;
 }
 
 void PrinterList::DoSetPaperBin(std::int16_t paperBin) {
-    PrinterInfo& printer = Required();
+    InstalledPrinter& printer = Required();
     RequirePositive(paperBin, "paper bin");
-    printer.paperBin = paperBin;
+    if (!printer.bins.empty() && printer.BinOf(paperBin) == nullptr) Refuse(printer, "paper bin", paperBin);
+    printer.info.paperBin = paperBin;
 }
 
 } // namespace qbrpt

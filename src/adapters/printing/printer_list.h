@@ -1,17 +1,26 @@
 // The printer collection and the current printer of the process.
 #pragma once
 
+#include "adapters/output/printer_facts.h"
+#include "adapters/printing/installed_printers.h"
 #include "platform/printing.h"
 
+#include <memory>
 #include <optional>
-#include <vector>
+#include <utility>
 
 namespace qbrpt {
 
-/// Printers that were listed once, the default one first. The current printer begins as the first.
-class PrinterList : public Printers {
+/// The current printer begins as the default one. Counting looks for printers that have come or gone.
+class PrinterList : public Printers, public PrinterFacts {
 public:
-    explicit PrinterList(std::vector<PrinterInfo> printers);
+    explicit PrinterList(std::shared_ptr<InstalledPrinters> printers) : mPrinters(std::move(printers)) {}
+
+    [[nodiscard]] PaperExtent SheetOf(const std::string& device, std::int16_t paperSize) override;
+    [[nodiscard]] std::optional<std::int16_t> BinOf(const std::string& device) override;
+    [[nodiscard]] Sides SidesOf(const std::string& device) override;
+    /// Which sides the jobs of this process are printed on.
+    void SetSides(Sides sides) { mSides = sides; }
 
 private:
     std::int32_t DoCount() override;
@@ -21,10 +30,14 @@ private:
     void DoSetCurrent(const std::string& deviceName) override;
     void DoSetPaperSize(std::int16_t paperSize) override;
     void DoSetPaperBin(std::int16_t paperBin) override;
-    PrinterInfo& Required();
+    InstalledPrinter& Required();
 
-    std::vector<PrinterInfo> mPrinters;
-    std::optional<PrinterInfo> mCurrent;
+    std::shared_ptr<InstalledPrinters> mPrinters;
+    std::optional<InstalledPrinter> mCurrent;
+    Sides mSides = Sides::AsThePrinterHas;
 };
+
+/// A printer that does not exist, in words; with why the spooler's are missing where they are.
+[[nodiscard]] std::string NoSuchPrinter(const std::string& device, const InstalledPrinters& printers);
 
 } // namespace qbrpt

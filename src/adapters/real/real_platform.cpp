@@ -8,6 +8,8 @@
 #include "adapters/gdi/raster_gdi.h"
 #include "adapters/locale/locale_adapter.h"
 #include "adapters/locale/system_clock.h"
+#include "adapters/printing/cups/printers.h"
+#include "adapters/printing/installed_spooler.h"
 #include "adapters/printing/pdf_folder.h"
 #include "adapters/printing/printer_list.h"
 #include "adapters/qt/application.h"
@@ -65,21 +67,27 @@ Ref<Forms> MakeFileForms(const PdfPrinter& pdfPrinter, const FileMade& made) {
     });
 }
 
-Ref<Printers> MakeInstalledPrinters() {
-    std::vector<PrinterInfo> printers;
-    if (PdfPrinterIsOn()) printers.push_back(PdfPrinter(PdfFolder()).Info());
-    return std::make_shared<PrinterList>(std::move(printers));
+std::shared_ptr<InstalledPrinters> PrintersOfThisMachine() {
+    std::optional<PdfPrinter> pdfPrinter;
+    if (PdfPrinterIsOn()) pdfPrinter.emplace(PdfFolder());
+    return std::make_shared<InstalledPrinters>(
+        std::move(pdfPrinter), [] { return cups::ListPrinters(); },
+        [](const std::string& trouble) { std::cerr << "qbrpt: " << trouble << std::endl; });
 }
 
 std::unique_ptr<Platform> MakeRealPlatform(RealParts parts) {
     const PdfPrinter pdfPrinter(PdfFolder());
-    if (!parts.delivery) parts.delivery = std::make_shared<PrinterDelivery>(pdfPrinter, TellOfFile);
-    if (parts.printers.Empty()) parts.printers = MakeInstalledPrinters();
+    if (!parts.printers) parts.printers = PrintersOfThisMachine();
+    if (!parts.delivery)
+        parts.delivery = std::make_shared<PrinterDelivery>(pdfPrinter, parts.printers, TellOfFile);
+    const auto printers = std::make_shared<PrinterList>(parts.printers);
+    printers->SetSides(parts.sides);
     if (!parts.trace) parts.trace = TraceFromSettings();
 
     auto platform = std::make_unique<Platform>();
     platform->engine = MakeSqliteEngine();
     RuntimeServices services = ServicesOf(text::MakeTextPort(), std::move(parts.delivery));
+    services.printers = printers;
     if (parts.layoutsFolder) services.layouts = layout::Library(*parts.layoutsFolder);
     platform->reports = MakeRuntime(std::move(services));
     platform->registry = std::make_shared<FileRegistry>();
@@ -89,7 +97,8 @@ std::unique_ptr<Platform> MakeRealPlatform(RealParts parts) {
         AddFileForms(*platform, parts.onError,
                      parts.forms.Empty() ? MakeFileForms(pdfPrinter, TellOfFile) : parts.forms);
     if (!parts.messages.Empty()) platform->messages = std::move(parts.messages);
-    platform->printers = std::move(parts.printers);
+    platform->printers = printers;
+    platform->spooler = std::make_shared<InstalledSpooler>(std::move(parts.printers));
     platform->gdi = std::make_shared<gdi::RasterGdi>();
     platform->fonts = std::shared_ptr<FontSource>(text::MakeFontSource());
     platform->locale = MakeLocale();

@@ -3,11 +3,11 @@
 
 #include "adapters/console/console_boxes.h"
 #include "adapters/output/report_output.h"
+#include "adapters/printing/installed_printers.h"
 #include "adapters/printing/printer_delivery.h"
 #include "platform/desktop.h"
 #include "platform/forms.h"
 #include "platform/platform.h"
-#include "platform/printing.h"
 
 #include <memory>
 #include <optional>
@@ -24,7 +24,9 @@ struct RealParts {
     Ref<MessageBoxes> messages;
     /// To boxes that no window can show; without it as QBRPT_ON_ERROR says.
     BoxAnswer onError = AnswerFromSettings();
-    Ref<Printers> printers;
+    std::shared_ptr<InstalledPrinters> printers;
+    /// Which sides of a sheet the spooler's printers print on.
+    Sides sides = Sides::AsThePrinterHas;
     std::shared_ptr<Delivery> delivery;
     /// Takes the place of the trace that QBRPT_TRACE names.
     std::shared_ptr<PortObserver> trace;
@@ -40,6 +42,6 @@ struct RealParts {
 [[nodiscard]] Ref<Forms> MakeFileForms(const PdfPrinter& pdfPrinter, const FileMade& made);
 
 /// The printers of this machine, the PDF printer among them unless it is switched off.
-[[nodiscard]] Ref<Printers> MakeInstalledPrinters();
+[[nodiscard]] std::shared_ptr<InstalledPrinters> PrintersOfThisMachine();
 
 } // namespace qbrpt

@@ -37,7 +37,8 @@ std::int32_t LiveReport::CountPages(const PageProgress& progress) {
 }
 
 report::Sheet LiveReport::SheetSize() {
-    const PaperExtent paper = ExtentOfPaper(mPaperSize);
+    const PaperExtent paper =
+        mServices->printers ? mServices->printers->SheetOf(mDevice, mPaperSize) : ExtentOfPaper(mPaperSize);
     if (Landscape()) return {paper.height, paper.width};
     return {paper.width, paper.height};
 }

@@ -82,6 +82,7 @@ void LiveReport::DoSelectPrinter(const std::string& driver, const std::string& d
     mDriver = driver;
     mDevice = device;
     mPort = port;
+    mState->Changed(); // its papers may be of other sizes
 }
 
 std::string LiveReport::DoPrinterName() {
@@ -131,6 +132,10 @@ void LiveReport::DoPrintOut(bool, const CrystalRuntime::PrintRange& range) {
     job.title = mApplication.empty() ? Title() : mApplication + " - " + Title();
     job.paperSize = mPaperSize;
     job.orientation = mOrientation;
+    if (mServices->printers) {
+        job.bin = mServices->printers->BinOf(mDevice);
+        job.sides = mServices->printers->SidesOf(mDevice);
+    }
     job.copies = range.copies.value_or(1);
     job.pages = {range.startPage, range.stopPage};
     mServices->delivery->Print(*this, job);

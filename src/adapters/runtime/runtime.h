@@ -28,6 +28,8 @@ struct RuntimeServices {
     /// Takes a warning for the user; empty: standard error.
     std::function<void(const std::string&)> warn;
     std::shared_ptr<Delivery> delivery;
+    /// The printers that reports are bound to; without them papers have their usual sizes only.
+    std::shared_ptr<PrinterFacts> printers;
     layout::Library layouts = layout::Library::FromEnvironment();
 };
 
