@@ -3,8 +3,11 @@
 #include "adapters/qt/application.h"
 #include "adapters/qt/handles.h"
 #include "adapters/qt/menus.h"
+#include "adapters/qt/shown_text.h"
 #include "adapters/qt/twips.h"
 #include "base/failure.h"
+
+#include <QtCore/QTimer>
 
 #include <utility>
 
@@ -12,16 +15,13 @@ namespace qbrpt::qt {
 
 namespace {
 
+constexpr int LongestWaitForActivation = 500; // milliseconds
 constexpr Qt::WindowStates OtherStates = Qt::WindowMinimized | Qt::WindowMaximized;
-
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 } // namespace
 
 QtForm::QtForm(const FormTable& table, FormEvents& events)
-    : mEvents(events), mWindow(std::make_unique<FormWindow>()) {
+    : mEvents(events), mWindow(std::make_unique<FormWindow>(table.isDialog)) {
     mWindow->setWindowTitle(Text(table.caption));
     mWindow->resized = [this] {
         if (!mControls) return;
@@ -29,14 +29,43 @@ QtForm::QtForm(const FormTable& table, FormEvents& events)
         Run([this] { mEvents.Resize(); });
     };
     mWindow->closing = [this] { Closing(); };
-    mControls = std::make_unique<FormControls>(
-        *mWindow, table,
-        ControlEvents{.click = [this](const auto& name) { Run([&] { mEvents.Click(name); }); },
-                      .buttonClick = [this](const auto& key) { Run([&] { mEvents.ButtonClick(key); }); },
-                      .pageChanged = [this] { Run([this] { mEvents.PageChanged(); }); }});
-    mWindow->SetClientSize({Pixels(table.clientWidth), Pixels(table.clientHeight)});
+    mControls = std::make_unique<FormControls>(*mWindow, table, Heard());
+    FitToControls(table);
     mWindow->CentreOnScreen();
+    mWindow->FixSize();
+    mWindow->activated = [this] { Activated(); };
+    mWindow->takesKey = [this](QKeyEvent& key) { return mControls->OfDialog().TakesKey(key); };
+}
+
+ControlEvents QtForm::Heard() {
+    ControlEvents heard;
+    heard.click = [this](const auto& name) { Run([&] { mEvents.Click(name); }); };
+    heard.dblClick = [this](const auto& name) { Run([&] { mEvents.DblClick(name); }); };
+    heard.itemClick = [this](const auto& name) { Run([&] { mEvents.ItemClick(name); }); };
+    heard.change = [this](const auto& name) { Run([&] { mEvents.Change(name); }); };
+    heard.gotFocus = [this](const auto& name) { Run([&] { mEvents.GotFocus(name); }); };
+    heard.paint = [this](const auto& name) { Run([&] { mEvents.Paint(name); }); };
+    heard.beforeLabelEdit = [this](const auto& name) {
+        bool mayEdit = false;
+        Run([&] { mayEdit = mEvents.BeforeLabelEdit(name); });
+        return mayEdit;
+    };
+    heard.keyPress = [this](const auto& name, std::int16_t key) {
+        std::int16_t taken = key;
+        Run([&] { taken = mEvents.KeyPress(name, key); });
+        return taken;
+    };
+    heard.buttonClick = [this](const auto& key) { Run([&] { mEvents.ButtonClick(key); }); };
+    heard.pageChanged = [this] { Run([this] { mEvents.PageChanged(); }); };
+    return heard;
+}
+
+void QtForm::FitToControls(const FormTable& table) {
+    QSize size(Pixels(table.clientWidth), Pixels(table.clientHeight));
     if (table.designedRightToLeft) DoSetRightToLeft(true);
+    if (mControls->OfDialog().Any()) size = size.expandedTo(mControls->OfDialog().LeastSize());
+    mWindow->SetClientSize(size);
+    mControls->OfDialog().Settle();
 }
 
 QtForm::~QtForm() {
@@ -44,6 +73,7 @@ QtForm::~QtForm() {
     mGone = true;
     mWindow->resized = [] {};
     mWindow->closing = [] {};
+    mWindow->activated = [] {};
     mControls.reset();
 }
 
@@ -54,6 +84,11 @@ void QtForm::Run(const std::function<void()>& rule) {
     } catch (...) {
         if (!mThrown) mThrown = std::current_exception();
     }
+}
+
+void QtForm::Activated() {
+    if (!std::exchange(mAwaited, false)) return;
+    Run([this] { mEvents.Activate(); });
 }
 
 void QtForm::Closing() {
@@ -99,8 +134,13 @@ void QtForm::DoMove(std::int32_t left, std::int32_t top) {
 void QtForm::DoShowModal() {
     if (mGone) return;
     mHidden = false;
+    mAwaited = true;
+    mControls->OfDialog().Settle();
+    mControls->OfDialog().FocusFirst();
     mWindow->show();
     if (!mWindow->isMinimized()) mWindow->activateWindow();
+    // Without a window manager no window is ever active.
+    QTimer::singleShot(LongestWaitForActivation, mWindow.get(), [this] { Activated(); });
     mLoop.exec();
     // The loop also ends when the host's application is told to end.
     if (!mHidden) DoUnload();
@@ -128,10 +168,6 @@ Ref<Toolbar> QtForm::DoToolbarOf(const std::string& name) {
 
 Ref<CRViewer> QtForm::DoViewer(const std::string& name) {
     return mControls->Viewer(name).Port();
-}
-
-Ref<Control> QtForm::DoControl(const std::string& name) {
-    throw Failure(FailureNumber::NotInCollection, "The form has no control \"" + name + "\".");
 }
 
 Ref<Form> QtForms::DoLoad(const FormTable& table, FormEvents& events) {

@@ -34,10 +34,14 @@ private:
     Ref<MenuItem> DoMenu(const std::string& name) override;
     Ref<Toolbar> DoToolbarOf(const std::string& name) override;
     Ref<CRViewer> DoViewer(const std::string& name) override;
-    Ref<Control> DoControl(const std::string& name) override;
+    Ref<Control> DoControl(const std::string& name) override { return mControls->ControlOf(name); }
 
     /// Runs a rule out of an event of Qt's, through which nothing may be thrown.
     void Run(const std::function<void()>& rule);
+    [[nodiscard]] ControlEvents Heard();
+    void FitToControls(const FormTable& table);
+    /// Runs the rules' Activate once the window can be seen and typed into.
+    void Activated();
     void Closing();
 
     FormEvents& mEvents;
@@ -46,6 +50,7 @@ private:
     QEventLoop mLoop;
     std::exception_ptr mThrown; ///< by a rule; told of when the window is closed
     bool mHidden = false;       ///< by its rules, which will unload it
+    bool mAwaited = false;      ///< shown, and not yet active
     bool mClosing = false;
     bool mGone = false;
 };

@@ -6,6 +6,7 @@
 #include "adapters/qt/menus.h"
 #include "adapters/qt/style_words.h"
 #include "adapters/qt/toolbars.h"
+#include "adapters/qt/window_classes.h"
 #include "base/failure.h"
 
 #include <QtWidgets/QFrame>
@@ -18,19 +19,14 @@ namespace qbrpt::qt {
 
 namespace {
 
-// The classes by which mirroring tells windows apart.
-constexpr const char* FormClass = "ThunderForm";
-constexpr const char* ToolbarClass = "msvb_lib_toolbar";
-constexpr const char* ViewerClass = "CRViewer";
-
-constexpr std::uint32_t FormStyle = StyleBit::Caption;
-constexpr std::uint32_t ControlStyle = StyleBit::Child | StyleBit::Visible;
+[[noreturn]] void FailNoControl(const std::string& name) {
+    throw Failure(FailureNumber::NotInCollection, "The form has no control \"" + name + "\".");
+}
 
 template <class Map>
 auto& Named(const Map& map, const std::string& name) {
     const auto found = map.find(name);
-    if (found == map.end())
-        throw Failure(FailureNumber::NotInCollection, "The form has no control \"" + name + "\".");
+    if (found == map.end()) FailNoControl(name);
     return *found->second;
 }
 
@@ -44,8 +40,12 @@ bool HasButtons(const FormTable& table, std::string_view toolbar) {
 
 FormControls::FormControls(FormWindow& window, const FormTable& table, ControlEvents events)
     : mWindow(window), mEvents(std::move(events)),
-      mHandle(Handles::Table().Add(window, FormClass, FormStyle)) {
+      mHandle(Handles::Table().Add(window, FormClass, StyleBit::Caption)),
+      mDialog(window.Client(), table, mEvents) {
     MenuBuilder menu(window.MenuBar(), mEvents.click);
+    const auto addToTree = [&](QWidget& widget, const ControlRow& row, WindowHandle parent) {
+        return AddToTree(widget, ClassOf(row.kind, table.designedRightToLeft), parent);
+    };
     for (const ControlRow& row : table.controls) {
         switch (row.kind) {
         case ControlKind::Menu:
@@ -66,9 +66,11 @@ FormControls::FormControls(FormWindow& window, const FormTable& table, ControlEv
             AddViewer(row);
             break;
         default:
+            mDialog.Add(row, addToTree);
             break;
         }
     }
+    mDialog.Finish();
     mMenu = menu.Items();
     for (const auto& [name, bar] : mBars)
         bar->adjustSize();
@@ -78,9 +80,14 @@ FormControls::~FormControls() {
     Handles::Table().Remove(mHandle);
 }
 
-void FormControls::AddToTree(QWidget& widget, const char* className) {
-    const WindowHandle handle = Handles::Table().Add(widget, className, ControlStyle, mHandle);
-    ApplyStyles(widget, ControlStyle, Handles::Table().Find(handle)->extendedStyle);
+WindowHandle FormControls::AddToTree(QWidget& widget, const WindowClass& kind, WindowHandle parent) {
+    const std::uint32_t style = StyleBit::Child | StyleBit::Visible | kind.style;
+    const WindowHandle handle =
+        Handles::Table().Add(widget, kind.name, style, parent == 0 ? mHandle : parent);
+    TreeWindow& window = *Handles::Table().Find(handle);
+    window.extendedStyle = kind.extendedStyle;
+    ApplyStyles(widget, window.style, window.extendedStyle);
+    return handle;
 }
 
 void FormControls::AddToolbar(const ControlRow& row, const FormTable& table) {
@@ -88,14 +95,14 @@ void FormControls::AddToolbar(const ControlRow& row, const FormTable& table) {
     if (HasButtons(table, row.name)) {
         auto* bar = new ButtonBar(&mWindow.Client(), std::string(table.imageList), mEvents.buttonClick);
         mBars[name] = bar;
-        AddToTree(*bar, ToolbarClass);
+        AddToTree(*bar, ClassOf(row.kind, false));
         return;
     }
     auto* strip = new QFrame(&mWindow.Client());
     strip->setObjectName("strip");
     strip->setFixedHeight(Measure::Strip);
     mStrips[name] = strip;
-    AddToTree(*strip, ToolbarClass);
+    AddToTree(*strip, ClassOf(row.kind, false));
 }
 
 void FormControls::AddViewer(const ControlRow& row) {
@@ -105,7 +112,7 @@ void FormControls::AddViewer(const ControlRow& row) {
     viewer->dressMenu = DressMenu;
     mViewers[std::string(row.name)] = viewer;
     mWindow.setFocusProxy(viewer); // what is typed goes to the pages
-    AddToTree(*viewer, ViewerClass);
+    AddToTree(*viewer, ClassOf(row.kind, false));
 }
 
 void FormControls::StretchStrips() {
@@ -120,6 +127,12 @@ QAction& FormControls::Menu(const std::string& name) const {
 Ref<Toolbar> FormControls::ToolbarOf(const std::string& name) const {
     if (const auto bar = mBars.find(name); bar != mBars.end()) return ToolbarOver(*bar->second);
     return ToolbarOver(Named(mStrips, name));
+}
+
+Ref<Control> FormControls::ControlOf(const std::string& name) const {
+    Ref<Control> control = mDialog.Find(name);
+    if (control.Empty()) FailNoControl(name);
+    return control;
 }
 
 ViewerWidget& FormControls::Viewer(const std::string& name) const {

@@ -1,6 +1,8 @@
 // The table of a form made into widgets.
 #pragma once
 
+#include "adapters/qt/control_events.h"
+#include "adapters/qt/dialog/dialog_controls.h"
 #include "adapters/qt/form_window.h"
 #include "adapters/qt/viewer/viewer_widget.h"
 #include "platform/forms.h"
@@ -8,20 +10,13 @@
 #include <QtGui/QAction>
 #include <QtWidgets/QWidget>
 
-#include <functional>
 #include <map>
 #include <string>
 
 namespace qbrpt::qt {
 
 class ButtonBar;
-
-/// What the user does with the controls.
-struct ControlEvents {
-    std::function<void(const std::string& name)> click;
-    std::function<void(const std::string& key)> buttonClick;
-    std::function<void()> pageChanged;
-};
+struct WindowClass;
 
 /// The controls of one form, by their names. They stand in its window and die with it.
 class FormControls {
@@ -36,13 +31,16 @@ public:
     [[nodiscard]] QAction& Menu(const std::string& name) const;
     [[nodiscard]] Ref<Toolbar> ToolbarOf(const std::string& name) const;
     [[nodiscard]] ViewerWidget& Viewer(const std::string& name) const;
+    [[nodiscard]] Ref<Control> ControlOf(const std::string& name) const;
+    [[nodiscard]] DialogControls& OfDialog() { return mDialog; }
     /// The strips keep the window's whole width.
     void StretchStrips();
 
 private:
     void AddToolbar(const ControlRow& row, const FormTable& table);
     void AddViewer(const ControlRow& row);
-    void AddToTree(QWidget& widget, const char* className);
+    /// In the form itself, where no other window is told.
+    WindowHandle AddToTree(QWidget& widget, const WindowClass& kind, WindowHandle parent = 0);
 
     FormWindow& mWindow;
     ControlEvents mEvents;
@@ -51,6 +49,7 @@ private:
     std::map<std::string, ButtonBar*> mBars;
     std::map<std::string, QWidget*> mStrips;
     std::map<std::string, ViewerWidget*> mViewers;
+    DialogControls mDialog;
 };
 
 } // namespace qbrpt::qt

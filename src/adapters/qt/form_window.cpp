@@ -12,8 +12,16 @@
 
 namespace qbrpt::qt {
 
-FormWindow::FormWindow()
-    : QWidget(nullptr, Qt::Window), mMenuBar(new QMenuBar(this)), mClient(new QWidget(this)) {
+namespace {
+
+constexpr Qt::WindowFlags DialogFrame = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                        Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+
+} // namespace
+
+FormWindow::FormWindow(bool isDialog)
+    : QWidget(nullptr, isDialog ? DialogFrame : Qt::Window), mMenuBar(new QMenuBar(this)),
+      mClient(new QWidget(this)), mIsDialog(isDialog) {
     setObjectName("qbrptWindow");
     // A host's last window may be hidden while this one is open: its closing must not end the host.
     setAttribute(Qt::WA_QuitOnClose, false);
@@ -27,7 +35,8 @@ FormWindow::FormWindow()
     mMenuBar->setStyle(&MenuStyle::Instance());
     mMenuBar->setFixedHeight(Measure::MenuBar);
     mMenuBar->setLayoutDirection(Qt::LeftToRight);
-    mClient->setLayoutDirection(Qt::LeftToRight);
+    // Dialogs lay their controls out from where reading begins; others place them as they are told.
+    if (!mIsDialog) mClient->setLayoutDirection(Qt::LeftToRight);
     mClient->installEventFilter(this);
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
@@ -50,6 +59,10 @@ void FormWindow::CentreOnScreen() {
     move(room.center() - QRect(QPoint(0, 0), size()).center());
 }
 
+void FormWindow::FixSize() {
+    if (mIsDialog) setFixedSize(size());
+}
+
 QMargins FormWindow::Frame() const {
     return windowHandle() == nullptr ? QMargins() : windowHandle()->frameMargins();
 }
@@ -69,6 +82,13 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 void FormWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange && isVisible()) resized();
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) activated();
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F10 && !mMenuBar->actions().isEmpty())
+        return mMenuBar->setActiveAction(mMenuBar->actions().front());
+    if (!takesKey(*event)) QWidget::keyPressEvent(event);
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -70,11 +70,25 @@ private:
     std::shared_ptr<QSvgRenderer> mDrawing;
 };
 
+// Of the accounts window, in the order of their numbers.
+constexpr std::array AccountTabs = {"tab-accounts", "tab-entry", "tab-reports"};
+
 } // namespace
 
 QIcon Drawing(const QString& name, bool mirrored) {
     LoadIcons();
     return QIcon(new DrawingEngine(name, mirrored));
+}
+
+QIcon TabPicture(std::string_view form, std::int16_t number) {
+    if (form != "frmAccount" || number < 1 || static_cast<std::size_t>(number) > AccountTabs.size())
+        return {};
+    return Drawing(AccountTabs[static_cast<std::size_t>(number) - 1]);
+}
+
+QImage ControlPicture(const QString& name) {
+    LoadIcons();
+    return QImage(QStringLiteral(":/qbrpt/icons/%1.png").arg(name));
 }
 
 QIcon ListPicture(std::string_view list, std::int16_t number) {

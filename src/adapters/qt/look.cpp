@@ -21,6 +21,7 @@ QFont WindowFont() {
     QFont font;
     font.setFamilies({"Noto Sans Arabic UI", "Noto Sans", "DejaVu Sans Condensed", "DejaVu Sans"});
     font.setPixelSize(FontPixels);
+    font.setKerning(false); // this face kerns reh and ain so far apart that words break in two
     return font;
 }
 

@@ -16,10 +16,6 @@ namespace {
 
 constexpr const char* CaptionProperty = "caption";
 
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 class QtMenuItem final : public MenuItem {
 public:
     explicit QtMenuItem(QAction& action) : mAction(&action) {}

@@ -3,7 +3,13 @@
 
 #include <QtCore/QString>
 
+#include <string_view>
+
 namespace qbrpt::qt {
+
+[[nodiscard]] inline QString Text(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
 
 /// A text that does not begin with an Arabic letter ("400 %", "No Data") keeps its order in Arabic windows.
 [[nodiscard]] QString KeptInOrder(const QString& text);

@@ -1,9 +1,11 @@
 #include "adapters/qt/style_words.h"
 
+#include <QtGui/QTextOption>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPlainTextEdit>
 
 namespace qbrpt::qt {
 
@@ -13,8 +15,10 @@ Qt::LayoutDirection Direction(bool rightToLeft) {
     return rightToLeft ? Qt::RightToLeft : Qt::LeftToRight;
 }
 
-/// The side is meant as it is seen: a widget's own direction must not turn it round once more.
+/// The side is meant as it is seen: a widget's own direction must not turn it round once more. What stands in
+/// the middle stays there.
 Qt::Alignment Side(bool right, Qt::Alignment before) {
+    if ((before & Qt::AlignHCenter) != 0) return before;
     return (before & Qt::AlignVertical_Mask) | Qt::AlignAbsolute | (right ? Qt::AlignRight : Qt::AlignLeft);
 }
 
@@ -29,6 +33,12 @@ void ApplyStyles(QWidget& widget, std::uint32_t style, std::uint32_t extendedSty
     const bool right = mirrored != has(StyleBit::Right);
     if (auto* label = qobject_cast<QLabel*>(&widget)) label->setAlignment(Side(right, label->alignment()));
     if (auto* edit = qobject_cast<QLineEdit*>(&widget)) edit->setAlignment(Side(right, edit->alignment()));
+    if (auto* page = qobject_cast<QPlainTextEdit*>(&widget)) {
+        QTextOption option = page->document()->defaultTextOption();
+        option.setTextDirection(Direction(reading));
+        option.setAlignment(Side(right, option.alignment()));
+        page->document()->setDefaultTextOption(option);
+    }
     if (auto* area = qobject_cast<QAbstractScrollArea*>(&widget)) {
         area->setLayoutDirection(Direction(reading || has(StyleBit::LeftScrollBar)));
         area->viewport()->setLayoutDirection(Direction(reading));

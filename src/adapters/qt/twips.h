@@ -12,6 +12,10 @@ constexpr std::int32_t TwipsAPixel = 15;
     return static_cast<int>(std::lround(static_cast<double>(twips) / TwipsAPixel));
 }
 
+[[nodiscard]] inline int Pixels(double twips) {
+    return static_cast<int>(std::lround(twips / TwipsAPixel));
+}
+
 [[nodiscard]] inline std::int32_t Twips(int pixels) {
     return pixels * TwipsAPixel;
 }
