@@ -2,15 +2,19 @@
 // report's alone, and writes a line "name value" for each figure; times are milliseconds of the processor.
 //
 //   bench_viewer time FILE ROWS              first page, page turns, zooms, jumps
-//   bench_viewer shot FILE ROWS PAGE ZOOM PICTURE   what is seen, as a PNG file
+//   bench_viewer cards FILE ROWS             the same for sheets of cards, whose rows never grow
+//   bench_viewer previews FILE TIMES         that many previews, one after the other; memory behind every
+//   tenth part bench_viewer shot FILE ROWS PAGE ZOOM PICTURE   what is seen, as a PNG file
 //
 // FILE is a database that `bench_reports make` wrote.
 #include "adapters/qt/viewer/viewer_widget.h"
 #include "adapters/real/real_platform.h"
 #include "platform/platform.h"
+#include "service/VantlowCls.h"
 #include "stopwatch.h"
 #include "templates/field_tables.h"
 
+#include <QtCore/QTimer>
 #include <QtGui/QPixmap>
 #include <QtWidgets/QApplication>
 
@@ -44,22 +48,33 @@ double Median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
-Ref<CrystalRuntime::Report> ReadReport(const std::string& file, const std::string& rows) {
+Ref<CrystalRuntime::Report> ReadReport(const std::string& file, const std::string& layout,
+                                       const std::string& query) {
     const auto database = Platform::Current().engine->OpenDatabase(file, false, false, "");
-    const auto records = database->OpenRecordset(
+    const auto records = database->OpenRecordset(query, DAO::dbOpenDynaset);
+    const auto report = Platform::Current().reports->NewReport(layout, FactsOf(layout).fields);
+    report->SetDataSource(records, CrystalRuntime::DaoRecordsetTag);
+    report->ReadRecords();
+    return report;
+}
+
+Ref<CrystalRuntime::Report> ReadIncome(const std::string& file, const std::string& rows) {
+    return ReadReport(
+        file, "IncomeGrpRpt",
         "SELECT min_log_time, max_log_time, Format(d.date, 'ddd dd MMM yyyy'), net_income + print_income as "
         "tnet, members_income, pp_income, other_Income, total_discount, 0 as paid_out, total_income, "
         "t.prints, "
         "t.pp, t.general, t.member, d.work_time, t.total_time, pc_count From daily_sheet AS d RIGHT JOIN "
         "(total_use_count AS t RIGHT JOIN host_log_time AS h ON t.work_id = h.id) ON d.work_id = h.id WHERE "
         "h.id <= " +
-            rows + " ORDER BY h.id ",
-        DAO::dbOpenDynaset);
-    const auto report =
-        Platform::Current().reports->NewReport("IncomeGrpRpt", FactsOf("IncomeGrpRpt").fields);
-    report->SetDataSource(records, CrystalRuntime::DaoRecordsetTag);
-    report->ReadRecords();
-    return report;
+            rows + " ORDER BY h.id ");
+}
+
+Ref<CrystalRuntime::Report> ReadCards(const std::string& file, const std::string& rows) {
+    return ReadReport(file, "rptPPCards",
+                      "SELECT 'ساعة واحدة', h.id, 'AB' & h.id, 'x7' & h.id, h.id + 1, 'CD' & h.id, 'y8' & "
+                      "h.id FROM host_log_time AS h WHERE h.id <= " +
+                          rows);
 }
 
 /// The desk as it stands now, painted.
@@ -81,9 +96,9 @@ void TellEach(const char* name, qt::ViewerWidget& viewer, int times, const std::
     Tell((std::string(name) + "_worst").c_str(), *std::max_element(each.begin(), each.end()));
 }
 
-int Time(const std::string& file, const std::string& rows) {
+int Time(const std::function<Ref<CrystalRuntime::Report>()>& read) {
     Ref<CrystalRuntime::Report> report;
-    Tell("read", Milliseconds([&] { report = ReadReport(file, rows); }));
+    Tell("read", Milliseconds([&] { report = read(); }));
     qt::ViewerWidget viewer;
     viewer.resize(WindowSize);
     viewer.show();
@@ -113,8 +128,25 @@ int Time(const std::string& file, const std::string& rows) {
     return 0;
 }
 
+/// Closes each preview as soon as it stands.
+int Previews(const std::string& file, int times) {
+    VantlowCls component;
+    component.SetDbInfo(file, "");
+    QTimer closing;
+    QObject::connect(&closing, &QTimer::timeout, [] {
+        if (QWidget* window = QApplication::activeModalWidget()) window->close();
+    });
+    closing.start(1);
+    for (int done = 1; done <= times; ++done) {
+        component.PrintIncome(0, 0, 0);
+        if (done % (times / 10) == 0)
+            Tell(("megabytes_" + std::to_string(done)).c_str(), bench::MegabytesNow());
+    }
+    return 0;
+}
+
 int Shot(const std::vector<std::string>& words) {
-    const auto report = ReadReport(words[2], words[3]);
+    const auto report = ReadIncome(words[2], words[3]);
     qt::ViewerWidget viewer;
     viewer.resize(WindowSize);
     viewer.Port()->SetReportSource(report);
@@ -134,9 +166,14 @@ int main(int count, char** words) {
     Platform::Install(MakeRealPlatform(RealParts{}));
     const std::vector<std::string> arguments(words, words + count);
     try {
-        if (count == 4 && arguments[1] == "time") return Time(arguments[2], arguments[3]);
+        if (count == 4 && arguments[1] == "time")
+            return Time([&] { return ReadIncome(arguments[2], arguments[3]); });
+        if (count == 4 && arguments[1] == "cards")
+            return Time([&] { return ReadCards(arguments[2], arguments[3]); });
+        if (count == 4 && arguments[1] == "previews") return Previews(arguments[2], std::stoi(arguments[3]));
         if (count == 7 && arguments[1] == "shot") return Shot(arguments);
-        std::cerr << "usage: bench_viewer time FILE ROWS | shot FILE ROWS PAGE ZOOM PICTURE\n";
+        std::cerr << "usage: bench_viewer time|cards FILE ROWS | previews FILE TIMES | shot FILE ROWS PAGE "
+                     "ZOOM PICTURE\n";
         return 2;
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';

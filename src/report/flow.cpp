@@ -138,7 +138,7 @@ void Flow::JumpToRow(std::size_t row) {
     mState.phase = FlowState::Phase::Rows;
     mState.nextRow = row;
     mState.totals = TotalsBook(mDefinition.totals);
-    mState.totalsComplete = row == 0;
+    mState.totalsComplete = row == 0 || mDefinition.totals.empty();
     mRows.Seek(row);
 }
 
