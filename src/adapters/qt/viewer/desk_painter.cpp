@@ -68,7 +68,6 @@ const QImage& DeskPainter::Tile(const DeskView& view, const TileKey& key) {
     QImage image(part.intersected(sheet).size(), QImage::Format_RGB32);
     image.fill(Qt::white);
     mPainter.Paint(image, mPages->At(key.page)->Page(), part.topLeft(), mScale);
-    image.setDevicePixelRatio(view.screenScale);
     return mTiles.Put(key, std::move(image));
 }
 
@@ -111,14 +110,21 @@ void DeskPainter::DrawSheet(QPainter& painter, const QRectF& sheet) const {
     painter.restore();
 }
 
+// In whole pixels of the screen, also where the desk itself begins half-way in one: there would be seams
+// between tiles that are rounded each by itself.
 void DeskPainter::DrawTiles(QPainter& painter, const DeskView& view, std::int32_t page) {
     const QPoint corner = ScreenPlace(view, page).topLeft();
     const TileSpan span = TilesSeen(view, page);
+    painter.save();
+    painter.scale(1 / view.screenScale, 1 / view.screenScale);
+    const QTransform toScreen = painter.deviceTransform();
+    painter.translate(std::round(toScreen.dx()) - toScreen.dx(), std::round(toScreen.dy()) - toScreen.dy());
     for (int row = span.firstRow; row < span.endRow; ++row)
         for (int column = span.firstColumn; column < span.endColumn; ++column) {
             const QPoint at = corner + QPoint(column, row) * TileStore::Side;
-            painter.drawImage(QPointF(at) / view.screenScale, Tile(view, {page, column, row}));
+            painter.drawImage(at, Tile(view, {page, column, row}));
         }
+    painter.restore();
 }
 
 // As a marker on paper does: the letters stay as they are.
