@@ -74,6 +74,7 @@ void PageContent::Flush() {
     mDrawing.clear();
     mText.clear();
     mX = mY = 0;
+    mOnLine = false;
     mFont.reset();
     mTextColor.reset();
     mFillColor.reset();
@@ -86,30 +87,36 @@ void PageContent::EndStrings() {
     mStringsOpen = false;
 }
 
-// Opens a string at a place. What stands on one baseline in one font and colour goes into one array, where a
-// number moves the pen: half the bytes of a move and a show operator for each.
+// Opens a string at a place. What stands on one baseline in one font and colour goes into one array. On the
+// same baseline a number in the array moves the pen, in fewer bytes than an operator would.
 void PageContent::OpenString(const FontChoice& font, report::Color color, report::Twips x, report::Twips y) {
     NoteText(y);
     const report::Twips up = mHeight - y;
-    if (mStringsOpen && mFont == font && mTextColor == color && up == mY) {
-        const std::int64_t back = Nearest((mPen - x) * 1000 / font.size);
-        mPen -= static_cast<double>(back) * font.size / 1000;
-        if (back != 0)
-            AppendInteger(mText, back, '(');
-        else
-            mText.push_back('(');
-        return;
+    const bool goesOn = mOnLine && up == mY;
+    if (!goesOn || mFont != font || mTextColor != color) {
+        EndStrings();
+        if (mTextColor != color) AppendColor(mText, color, "g\n", "rg\n");
+        if (mFont != font) AppendFont(mText, font);
+        mTextColor = color;
+        mFont = font;
+        if (!goesOn) BeginLine(x, up);
+        mText.push_back('[');
+        mStringsOpen = true;
     }
-    EndStrings();
-    if (mTextColor != color) AppendColor(mText, color, "g\n", "rg\n");
-    if (mFont != font) AppendFont(mText, font);
-    mTextColor = color;
-    mFont = font;
+    const std::int64_t back = Nearest((mPen - x) * 1000 / font.size);
+    mPen -= static_cast<double>(back) * font.size / 1000;
+    if (back != 0)
+        AppendInteger(mText, back, '(');
+    else
+        mText.push_back('(');
+}
+
+void PageContent::BeginLine(report::Twips x, report::Twips up) {
     AppendPair(mText, std::int64_t{x} - mX, std::int64_t{up} - mY);
-    mText += "Td[(";
-    mStringsOpen = true;
+    mText += "Td";
     mPen = mX = x;
     mY = up;
+    mOnLine = true;
 }
 
 void PageContent::NoteText(report::Twips y) {

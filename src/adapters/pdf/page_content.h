@@ -31,6 +31,7 @@ private:
     void Image(const report::Page& page, const report::Item& item);
 
     void OpenString(const FontChoice& font, report::Color color, report::Twips x, report::Twips y);
+    void BeginLine(report::Twips x, report::Twips up);
     void EndStrings();
     void OpenPath(Paint paint, report::Color color, std::int32_t stroke);
     void ClosePath();
@@ -52,9 +53,10 @@ private:
     report::Twips mTextBottom = 0; ///< lowest baseline gathered
 
     bool mStringsOpen = false; ///< an array of strings that one operator will show
-    double mPen = 0;           ///< where the last string of the array ends
-    report::Twips mX = 0;      ///< where the array begins
-    report::Twips mY = 0;
+    bool mOnLine = false;      ///< the pen stands on a line of text
+    double mPen = 0;           ///< where the last string ends
+    report::Twips mX = 0;      ///< where the line of text begins
+    report::Twips mY = 0;      ///< its baseline, from below
     std::optional<FontChoice> mFont;
     std::optional<report::Color> mTextColor;
 
