@@ -8,6 +8,7 @@
 #include "base/failure.h"
 #include "file_output.h"
 #include "interrupt.h"
+#include "printer_choice.h"
 #include "progress_line.h"
 
 #include <filesystem>
@@ -84,7 +85,7 @@ public:
         if (mCall.layoutsFolder && !std::filesystem::is_directory(*mCall.layoutsFolder))
             throw WrongUse("--layouts: there is no folder \"" + *mCall.layoutsFolder + "\".");
         InstallPlatform();
-        if (!mCall.printer.empty()) ChoosePrinter();
+        if (mCall.destination == Destination::Printer) ChoosePrinter(mCall.print, *mPrinters);
         {
             VantlowCls object;
             object.SetMainTitle(mCall.title, mCall.addr1, mCall.addr2);
@@ -114,16 +115,20 @@ private:
             parts.printers = std::make_shared<InstalledPrinters>(pdfPrinter, nullptr);
         } else {
             const FileMade teller = [this](const std::filesystem::path& file) { TellOf(file); };
-            parts.printers = PrintersOfThisMachine();
+            mPrinters = PrintersOfThisMachine();
+            parts.printers = mPrinters;
             parts.delivery = std::make_shared<PrinterDelivery>(pdfPrinter, parts.printers, teller,
                                                                [this](const PrintJob&) { mMade = true; });
-            if (mCall.destination == Destination::Printer)
+            parts.sides = mCall.print.sides;
+            if (mCall.destination == Destination::Printer) {
+                parts.delivery = std::make_shared<ChosenPages>(mCall.print, parts.delivery);
                 parts.forms = std::make_shared<QuietForms>(
                     [](const Ref<CrystalRuntime::Report>& report) { report->PrintOut(false); });
-            else if (mCall.destination == Destination::Preview)
+            } else if (mCall.destination == Destination::Preview) {
                 parts.needsDisplay = true;
-            else
+            } else {
                 parts.forms = MakeFileForms(pdfPrinter, teller);
+            }
         }
         parts.layoutsFolder = mCall.layoutsFolder;
         if (!mCall.traceFile.empty()) parts.trace = std::make_shared<TraceWriter>(mCall.traceFile);
@@ -150,18 +155,6 @@ private:
         mMade = true;
         mLine.Wipe();
         std::cerr << "qbrpt: " << file.string() << std::endl;
-    }
-
-    void ChoosePrinter() const {
-        const Ref<Printers> printers = Platform::Current().printers;
-        std::string names;
-        for (std::int32_t i = 0; i < printers->Count(); ++i) {
-            const std::string name = printers->Item(i).deviceName;
-            if (name == mCall.printer) return printers->SetCurrent(name);
-            names += (names.empty() ? "\"" : ", \"") + name + "\"";
-        }
-        throw WrongUse("There is no printer \"" + mCall.printer + "\"; there is " +
-                       (names.empty() ? "none at all" : names) + ".");
     }
 
     /// False when there should be a database and the user has given up on it.
@@ -194,6 +187,7 @@ private:
 
     const MemberCall& mCall;
     std::shared_ptr<FileOutput> mFiles;
+    std::shared_ptr<InstalledPrinters> mPrinters; ///< none where only files are written
     ProgressLine mLine;
     std::shared_ptr<SeenObserver> mSeen =
         std::make_shared<SeenObserver>(mLine, mCall.destination == Destination::Preview);

@@ -22,7 +22,7 @@ constexpr int MostSessions = 1'000'000;
 struct Typed {
     std::vector<std::string> arguments;
     OutputFiles files;
-    bool print = false;
+    TypedPrint print;
     bool preview = false;
     std::string onError;
 };
@@ -51,8 +51,7 @@ void AddOptions(CLI::App& command, MemberCall& call, Typed& typed) {
     command.add_option("--addr2", call.addr2, "second line under the name")->type_name("TEXT");
     for (const OutputOption& output : OutputOptions)
         command.add_option(output.name, typed.files[output.kind], output.help)->type_name("FILE");
-    command.add_flag("--print", typed.print, "prints what would be shown or printed");
-    command.add_option("--printer", call.printer, "the printer of --print")->type_name("NAME");
+    AddPrintOptions(command, typed.print);
     command.add_flag("--preview", typed.preview, "shows what would be shown or printed");
     command.add_option("--layouts", call.layoutsFolder, "folder with the café's own layout files")
         ->type_name("DIR");
@@ -73,13 +72,12 @@ void RefuseSameFile(const OutputFiles& files) {
 /// Where the report goes; raises WrongUse where several ways are asked for.
 Destination DestinationOf(const MemberCall& call, const Typed& typed) {
     const bool files = !call.files.empty();
-    if (static_cast<int>(files) + static_cast<int>(typed.print) + static_cast<int>(typed.preview) > 1)
+    if (static_cast<int>(files) + static_cast<int>(typed.print.print) + static_cast<int>(typed.preview) > 1)
         throw WrongUse(
             "Files (--pdf, --csv, --xlsx, --html), --print and --preview cannot be asked for together.");
-    if (!call.printer.empty() && !typed.print) throw WrongUse("--printer goes with --print.");
     RefuseSameFile(call.files);
     if (files) return Destination::Files;
-    if (typed.print) return Destination::Printer;
+    if (typed.print.print) return Destination::Printer;
     return typed.preview ? Destination::Preview : Destination::AsCalled;
 }
 
@@ -92,14 +90,14 @@ void Complete(MemberCall& call, const CLI::App& command, Typed& typed) {
     call.arguments = ReadArguments(*call.member, typed.arguments);
     if (!typed.onError.empty())
         call.onError = typed.onError == "retry" ? BoxAnswer::Retry : BoxAnswer::Cancel;
-    for (const char* name :
-         {"--db", "--pdf", "--csv", "--xlsx", "--html", "--trace", "--printer", "--layouts"}) {
+    for (const char* name : {"--db", "--pdf", "--csv", "--xlsx", "--html", "--trace", "--layouts"}) {
         const CLI::Option* option = command.get_option(name);
         if (option->count() > 0 && option->as<std::string>().empty())
             throw WrongUse(std::string{name} + " is given without a name.");
     }
     std::erase_if(typed.files, [](const auto& file) { return file.second.empty(); });
     call.files = typed.files;
+    call.print = ReadPrintOptions(command, typed.print);
     call.destination = DestinationOf(call, typed);
 }
 
@@ -152,6 +150,8 @@ Request ReadCommandLine(int count, const char* const* words) {
     AddSample(application, sampleOptions);
     LayoutsCall layoutsCall;
     AddLayouts(application, layoutsCall);
+    PrintersCall printersCall;
+    AddPrinters(application, printersCall);
     MemberCall call;
     std::map<const CLI::App*, Typed> typed;
     std::map<const CLI::App*, const Member*> members;
@@ -175,6 +175,7 @@ Request ReadCommandLine(int count, const char* const* words) {
     }
     const CLI::App* chosen = application.get_subcommands().front();
     if (chosen->get_name() == "layouts") return layoutsCall;
+    if (chosen->get_name() == "printers") return printersCall;
     if (!members.contains(chosen)) return sampleOptions;
     call.member = members.at(chosen);
     Complete(call, *chosen, typed.at(chosen));

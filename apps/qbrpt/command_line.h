@@ -5,6 +5,8 @@
 #include "layout_commands.h"
 #include "output_files.h"
 #include "platform/desktop.h"
+#include "print_options.h"
+#include "printers_command.h"
 #include "sample/sample.h"
 
 #include <optional>
@@ -32,7 +34,7 @@ struct MemberCall {
     std::string addr2;
     Destination destination = Destination::AsCalled;
     OutputFiles files;
-    std::string printer;
+    PrintChoice print;
     std::string traceFile;
     std::optional<std::string> layoutsFolder; ///< nothing: as the settings say
     std::optional<BoxAnswer> onError;         ///< nothing: as the settings say
@@ -43,7 +45,7 @@ struct Information {
     std::string text;
 };
 
-using Request = std::variant<MemberCall, sample::SampleOptions, LayoutsCall, Information>;
+using Request = std::variant<MemberCall, sample::SampleOptions, LayoutsCall, PrintersCall, Information>;
 
 /// Reads the command line; raises WrongUse, with words for the user.
 [[nodiscard]] Request ReadCommandLine(int count, const char* const* words);

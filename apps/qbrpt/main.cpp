@@ -21,6 +21,8 @@ int Answer(const Request& request) {
                 return std::cout ? ReportMade : ErrorShown;
             } else if constexpr (std::is_same_v<Asked, LayoutsCall>) {
                 return RunLayouts(asked);
+            } else if constexpr (std::is_same_v<Asked, PrintersCall>) {
+                return RunPrinters(asked);
             } else {
                 return RunSample(asked);
             }

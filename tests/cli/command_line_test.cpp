@@ -64,6 +64,65 @@ TEST(CommandLine, Destinations) {
     EXPECT_EQ(Call({"PrintAudit", "--csv", "a"}).destination, Destination::Files);
 }
 
+TEST(CommandLine, WhatIsToBePrinted) {
+    const PrintChoice choice = Call({"PrintAudit", "--print", "--printer", "p", "--paper", "A4", "--bin",
+                                     "Manual", "--pages", "2-3", "--copies", "2", "--duplex", "short"})
+                                   .print;
+    EXPECT_EQ(choice.printer, "p");
+    EXPECT_EQ(choice.paper, "A4");
+    EXPECT_EQ(choice.bin, "Manual");
+    EXPECT_EQ(choice.pages.first, 2);
+    EXPECT_EQ(choice.pages.last, 3);
+    EXPECT_EQ(choice.copies, 2);
+    EXPECT_EQ(choice.sides, Sides::ShortEdge);
+    EXPECT_EQ(Call({"PrintAudit", "--print", "--duplex", "long"}).print.sides, Sides::LongEdge);
+    EXPECT_TRUE(std::get<PrintersCall>(Read({"printers", "--json"})).json);
+    EXPECT_FALSE(std::get<PrintersCall>(Read({"printers"})).json);
+}
+
+struct PagesRow {
+    const char* typed;
+    std::optional<std::int32_t> first; ///< nothing: refused
+    std::optional<std::int32_t> last;
+};
+
+TEST(CommandLine, PagesAreReadOrRefused) {
+    const std::vector<PagesRow> rows = {
+        {"1", 1, 1},
+        {"2-3", 2, 3},
+        {"7-7", 7, 7},
+        {"2-", 2, {}},
+        {"40000", 40'000, 40'000},
+        {"2147483647", 2'147'483'647, 2'147'483'647},
+        {"", {}, {}},
+        {"0", {}, {}},
+        {"0-3", {}, {}},
+        {"3-2", {}, {}},
+        {"-3", {}, {}},
+        {"-", {}, {}},
+        {"all", {}, {}},
+        {"1,3", {}, {}},
+        {"1-2-3", {}, {}},
+        {"1 - 2", {}, {}},
+        {" 1", {}, {}},
+        {"+1", {}, {}},
+        {"1.5", {}, {}},
+        {"1-x", {}, {}},
+        {"٢", {}, {}},
+        {"2147483648", {}, {}},
+        {"99999999999999999999", {}, {}},
+    };
+    for (const PagesRow& row : rows) {
+        SCOPED_TRACE(row.typed);
+        if (!row.first) {
+            EXPECT_THROW(static_cast<void>(ReadPages(row.typed)), WrongUse);
+            continue;
+        }
+        EXPECT_EQ(ReadPages(row.typed).first, row.first);
+        EXPECT_EQ(ReadPages(row.typed).last, row.last);
+    }
+}
+
 TEST(CommandLine, TextsAreTakenAsTheyStand) {
     EXPECT_THAT(Call({"PrintPPInfo", "SELECT  'a b' ", ""}).arguments,
                 ElementsAre(Argument{std::string{"SELECT  'a b' "}}, Argument{std::string{}}));
@@ -130,6 +189,13 @@ INSTANTIATE_TEST_SUITE_P(
         WrongRow{"FileAndPrint", {"PrintAudit", "--pdf", "x", "--print"}, "cannot be asked for together"},
         WrongRow{"PrintAndPreview", {"PrintAudit", "--print", "--preview"}, "cannot be asked for together"},
         WrongRow{"PrinterWithoutPrint", {"PrintAudit", "--printer", "x"}, "--printer goes with --print"},
+        WrongRow{"PaperWithoutPrint", {"PrintAudit", "--paper", "A4"}, "--paper goes with --print"},
+        WrongRow{"PagesWithFiles", {"PrintAudit", "--pages", "1", "--pdf", "x"}, "--pages goes with --print"},
+        WrongRow{"NoCopies", {"PrintAudit", "--print", "--copies", "0"}, "--copies"},
+        WrongRow{"TooManyCopies", {"PrintAudit", "--print", "--copies", "10000"}, "--copies"},
+        WrongRow{"OddEdge", {"PrintAudit", "--print", "--duplex", "wide"}, "wide"},
+        WrongRow{"EmptyTray", {"PrintAudit", "--print", "--bin", ""}, "--bin is given without a name"},
+        WrongRow{"PrintersOfWords", {"printers", "all"}, "all"},
         WrongRow{"OneFileForBoth", {"PrintAudit", "--pdf", "x", "--csv", "x"}, "the same file"},
         WrongRow{"OddAnswer", {"PrintAudit", "--on-error", "maybe"}, "maybe"},
         WrongRow{"OptionTwice", {"PrintAudit", "--pdf", "x", "--pdf", "y"}, "--pdf"},

@@ -102,7 +102,8 @@ std::string NumbersOf(const std::vector<PrintedPage>& pages) {
     for (const PrintedPage& page : pages) {
         const std::size_t at = page.text.find(word);
         const std::string behind = at == std::string::npos ? "" : page.text.substr(at + word.size());
-        numbers += (numbers.empty() ? "" : " ") + behind.substr(0, behind.find_first_not_of("0123456789"));
+        numbers +=
+            (&page == &pages.front() ? "" : " ") + behind.substr(0, behind.find_first_not_of("0123456789"));
     }
     return numbers;
 }

@@ -35,6 +35,7 @@ void InstalledPrinters::List() {
     PrinterListing listing;
     if (mSpooler) listing = mSpooler();
     mTrouble = listing.trouble;
+    mHung = listing.hung;
     // A spooler that is busy or begun anew has not lost its printers.
     if (mTrouble.empty() || mSpooled.empty()) mSpooled = std::move(listing.printers);
     std::vector<InstalledPrinter> all = mSpooled;
@@ -46,8 +47,8 @@ void InstalledPrinters::List() {
         all.insert(hasDefault ? all.end() : all.begin(), std::move(pdf));
     }
     mAll = std::make_shared<const std::vector<InstalledPrinter>>(std::move(all));
-    mNext = mNow() + (listing.hung ? RestAfterSilence : Freshness);
-    if (listing.hung && mWarn && !std::exchange(mWarned, true)) mWarn(mTrouble);
+    mNext = mNow() + (mHung ? RestAfterSilence : Freshness);
+    if (mHung && mWarn && !std::exchange(mWarned, true)) mWarn(mTrouble);
 }
 
 InstalledPrinters::Snapshot InstalledPrinters::All() {

@@ -35,6 +35,8 @@ public:
     [[nodiscard]] std::optional<InstalledPrinter> Find(const std::string& name);
     /// Why the spooler's printers are missing; empty where they are not.
     [[nodiscard]] std::string Trouble() const { return mTrouble; }
+    /// Whether the spooler was waited for in vain.
+    [[nodiscard]] bool Hung() const { return mHung; }
 
 private:
     void List();
@@ -47,6 +49,7 @@ private:
     Snapshot mAll;
     Clock::time_point mNext; ///< not listed again before
     std::string mTrouble;
+    bool mHung = false;
     bool mWarned = false;
 };
 

@@ -9,13 +9,6 @@
 
 namespace qbrpt {
 
-namespace {
-
-// Spoolers refuse more; the report itself could never know.
-constexpr std::int32_t MostCopies = 9999;
-
-} // namespace
-
 PrinterDelivery::PrinterDelivery(PdfPrinter pdfPrinter, std::shared_ptr<InstalledPrinters> printers,
                                  FileMade made, std::function<void(const PrintJob& job)> queued)
     : mPdfPrinter(std::move(pdfPrinter)), mPrinters(std::move(printers)), mMade(std::move(made)),

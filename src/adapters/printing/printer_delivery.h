@@ -5,6 +5,7 @@
 #include "adapters/printing/installed_printers.h"
 #include "adapters/printing/pdf_printer.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -13,6 +14,9 @@ namespace qbrpt {
 
 /// Told of each file that the PDF printer has made.
 using FileMade = std::function<void(const std::filesystem::path& file)>;
+
+/// Spoolers refuse more.
+constexpr std::int32_t MostCopies = 9999;
 
 class PrinterDelivery : public Delivery {
 public:

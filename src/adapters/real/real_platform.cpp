@@ -67,11 +67,16 @@ Ref<Forms> MakeFileForms(const PdfPrinter& pdfPrinter, const FileMade& made) {
     });
 }
 
-std::shared_ptr<InstalledPrinters> PrintersOfThisMachine() {
+std::shared_ptr<InstalledPrinters>
+PrintersOfThisMachine(std::function<void(const std::string& trouble)> warn) {
     std::optional<PdfPrinter> pdfPrinter;
     if (PdfPrinterIsOn()) pdfPrinter.emplace(PdfFolder());
     return std::make_shared<InstalledPrinters>(
-        std::move(pdfPrinter), [] { return cups::ListPrinters(); },
+        std::move(pdfPrinter), [] { return cups::ListPrinters(); }, std::move(warn));
+}
+
+std::shared_ptr<InstalledPrinters> PrintersOfThisMachine() {
+    return PrintersOfThisMachine(
         [](const std::string& trouble) { std::cerr << "qbrpt: " << trouble << std::endl; });
 }
 

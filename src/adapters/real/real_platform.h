@@ -9,6 +9,7 @@
 #include "platform/forms.h"
 #include "platform/platform.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -42,6 +43,10 @@ struct RealParts {
 [[nodiscard]] Ref<Forms> MakeFileForms(const PdfPrinter& pdfPrinter, const FileMade& made);
 
 /// The printers of this machine, the PDF printer among them unless it is switched off.
+/// `warn` is told, once, of a print service that does not answer.
+[[nodiscard]] std::shared_ptr<InstalledPrinters>
+PrintersOfThisMachine(std::function<void(const std::string& trouble)> warn);
+/// Warnings go to standard error.
 [[nodiscard]] std::shared_ptr<InstalledPrinters> PrintersOfThisMachine();
 
 } // namespace qbrpt

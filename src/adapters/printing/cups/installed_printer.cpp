@@ -1,5 +1,7 @@
 #include "adapters/printing/cups/installed_printer.h"
 
+#include "base/latin.h"
+
 #include <algorithm>
 
 namespace qbrpt {
@@ -13,6 +15,14 @@ const Offer* Find(const std::vector<Offer>& offers, std::int16_t code) {
     return found == offers.end() ? nullptr : &*found;
 }
 
+template <class Offer>
+const Offer* FindNamed(const std::vector<Offer>& offers, std::string_view name) {
+    const auto found = std::find_if(offers.begin(), offers.end(), [&](const Offer& offer) {
+        return SameAnyCase(offer.name, name) || (!offer.keyword.empty() && SameAnyCase(offer.keyword, name));
+    });
+    return found == offers.end() ? nullptr : &*found;
+}
+
 } // namespace
 
 const PrinterPaper* InstalledPrinter::PaperOf(std::int16_t code) const {
@@ -21,6 +31,14 @@ const PrinterPaper* InstalledPrinter::PaperOf(std::int16_t code) const {
 
 const PrinterBin* InstalledPrinter::BinOf(std::int16_t code) const {
     return Find(bins, code);
+}
+
+const PrinterPaper* InstalledPrinter::PaperNamed(std::string_view name) const {
+    return FindNamed(papers, name);
+}
+
+const PrinterBin* InstalledPrinter::BinNamed(std::string_view name) const {
+    return FindNamed(bins, name);
 }
 
 } // namespace qbrpt

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -55,6 +56,9 @@ struct InstalledPrinter {
 
     [[nodiscard]] const PrinterPaper* PaperOf(std::int16_t code) const;
     [[nodiscard]] const PrinterBin* BinOf(std::int16_t code) const;
+    /// By its name or the spooler's word, capital letters or not.
+    [[nodiscard]] const PrinterPaper* PaperNamed(std::string_view name) const;
+    [[nodiscard]] const PrinterBin* BinNamed(std::string_view name) const;
 };
 
 /// What asking the spooler has brought.
