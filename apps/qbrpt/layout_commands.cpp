@@ -82,7 +82,10 @@ void AddLayouts(CLI::App& application, LayoutsCall& call) {
     check->callback([&call] { call.verb = LayoutsCall::Verb::Check; });
 
     CLI::App* preview = layouts->add_subcommand("preview", "Renders a layout file with sample rows");
-    preview->add_option("file", call.file, "the layout file; house.toml and pictures beside it count")
+    preview
+        ->add_option("file", call.file,
+                     "the layout file; house.toml and pictures beside it count. Or a template's name: its "
+                     "built-in layout")
         ->required()
         ->type_name("FILE");
     preview->add_option("--pdf", call.pdfFile, "the PDF file")->required()->type_name("FILE");

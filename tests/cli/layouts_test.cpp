@@ -128,6 +128,15 @@ TEST_F(OwnLayouts, ArePreviewedWithSampleRows) {
     EXPECT_THAT(TextOfPdf("p.pdf"), AllOf(HasSubstr("التفاصيل"), HasSubstr("مقهى"), HasSubstr("60")));
 }
 
+TEST_F(OwnLayouts, ATemplatesNameShowsItsBuiltInLayout) {
+    ASSERT_EQ(Export().status, 0);
+    Change("PayOutRpt.toml", "البيان", "التفاصيل");
+    const ProgramResult result =
+        Qbrpt({"layouts", "preview", "PayOutRpt", "--pdf", File("p.pdf"), "--rows", "3"});
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_THAT(TextOfPdf("p.pdf"), AllOf(HasSubstr("البيان"), Not(HasSubstr("التفاصيل"))));
+}
+
 TEST_F(OwnLayouts, EveryTemplateCanBePreviewed) {
     ASSERT_EQ(Export().status, 0);
     for (const auto& file : fs::directory_iterator(Folder())) {

@@ -79,6 +79,13 @@ std::vector<std::string> ExportLayouts(const fs::path& folder, Existing existing
     return names;
 }
 
+bool IsBuiltIn(const fs::path& file) {
+    const std::span<const TemplateFacts> all = AllTemplates();
+    const bool isTemplate = std::any_of(
+        all.begin(), all.end(), [&](const TemplateFacts& facts) { return file.string() == facts.name; });
+    return isTemplate && !fs::exists(file);
+}
+
 std::string TemplateOf(const fs::path& file) {
     RefuseUnknown(file);
     if (file.stem() == HouseName)

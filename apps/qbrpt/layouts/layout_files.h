@@ -24,4 +24,7 @@ std::vector<std::string> ExportLayouts(const std::filesystem::path& folder, Exis
 /// The template that a layout file is for, by its name; one that is for none is a Failure.
 [[nodiscard]] std::string TemplateOf(const std::filesystem::path& file);
 
+/// Whether `file` is the bare name of a template, and there is no such file.
+[[nodiscard]] bool IsBuiltIn(const std::filesystem::path& file);
+
 } // namespace qbrpt::layouts

@@ -53,10 +53,11 @@ report::Sheet SheetOf(const report::Definition& definition) {
 
 void PreviewLayout(const std::filesystem::path& file, std::size_t rows, ByteSink& sink,
                    const std::function<void(std::size_t done, std::size_t all)>& onPage) {
-    const std::string name = TemplateOf(file);
+    const bool isBuiltIn = IsBuiltIn(file);
+    const std::string name = isBuiltIn ? file.string() : TemplateOf(file);
+    const std::string folder = file.parent_path().empty() ? "." : file.parent_path().string();
     report::Definition definition =
-        *layout::Library(file.parent_path().empty() ? "." : file.parent_path().string())
-             .Load(name, FactsOf(name).fields);
+        *layout::Library(isBuiltIn ? std::string{} : folder).Load(name, FactsOf(name).fields);
     WriteSampleTexts(definition);
 
     const auto engine = text::MakeTextPort();
