@@ -39,19 +39,27 @@ protected:
         Platform::Current().spooler = std::make_shared<InstalledSpooler>(printers);
     }
 
-    /// A report bound to `device` on a paper.
+    static void Fill(PayOutRpt& payments, std::size_t rows = FivePages) {
+        payments.SetHeadTitle("تقرير المصروفات");
+        payments.Report()->SetDataSource(std::make_shared<fakes::FakeRecordset>(samples::Payments(rows)), 3);
+        payments.Report()->ReadRecords();
+    }
+    static void Bind(CrystalRuntime::Report& report, const PrinterInfo& printer) {
+        report.SelectPrinter(printer.driverName, printer.deviceName, printer.port);
+        report.SetPaperSize(printer.paperSize);
+        report.SetPaperOrientation(printer.orientation);
+    }
+    /// A report bound to `device` on a paper, upright.
     [[nodiscard]] static Ref<CrystalRuntime::Report>
     Payments(const std::string& device, std::int16_t paper = 9, std::size_t rows = FivePages) {
         PayOutRpt payments;
-        payments.SetHeadTitle("تقرير المصروفات");
-        const auto report = payments.Report();
-        report->SetDataSource(std::make_shared<fakes::FakeRecordset>(samples::Payments(rows)), 3);
-        report->ReadRecords();
-        report->SetApplicationName("qbrpt");
-        report->SelectPrinter("", device, "");
-        report->SetPaperSize(paper);
-        report->SetPaperOrientation(OrientationPortrait);
-        return report;
+        Fill(payments, rows);
+        PrinterInfo printer;
+        printer.deviceName = device;
+        printer.paperSize = paper;
+        Bind(*payments.Report(), printer);
+        payments.Report()->SetApplicationName("qbrpt");
+        return payments.Report();
     }
     /// The failure of printing; an empty text where it went well.
     [[nodiscard]] static std::string FailureOf(const std::function<void()>& action) {

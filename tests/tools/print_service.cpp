@@ -105,10 +105,14 @@ PrintService::PrintService() {
     WriteBackend();
     Start();
     ::setenv("CUPS_SERVER", Socket().c_str(), 1);
+    // The developer's own choice of printers is not the test's.
+    if (const char* home = std::getenv("HOME")) mHome = home;
+    ::setenv("HOME", mRoot.Path().c_str(), 1);
 }
 
 PrintService::~PrintService() {
     ::unsetenv("CUPS_SERVER");
+    ::setenv("HOME", mHome.c_str(), 1);
     mPrinters.clear();
     mBus.reset();
     if (!mScheduler) return;

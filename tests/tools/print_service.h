@@ -71,6 +71,7 @@ private:
     void WriteBackend() const;
 
     TempFolder mRoot;
+    std::string mHome;
     std::unique_ptr<ChildProcess> mScheduler;
     std::unique_ptr<ChildProcess> mBus;
     std::vector<std::unique_ptr<ChildProcess>> mPrinters;

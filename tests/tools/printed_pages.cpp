@@ -40,7 +40,7 @@ bool LiesSideways(const std::string& file, const std::string& number) {
     return tall > 0;
 }
 
-/// Blank columns at both sides of a page as it is read, a point each.
+/// What is blank at the four sides of a sheet, a point a pixel.
 void MeasureBlanks(const std::string& file, const std::string& number, PrintedPage& page) {
     std::istringstream picture(Run({"pdftoppm", "-r", "72", "-gray", "-f", number, "-l", number, file}));
     std::string kind;
@@ -50,16 +50,18 @@ void MeasureBlanks(const std::string& file, const std::string& number, PrintedPa
     picture >> kind >> width >> height >> white;
     picture.get();
     std::string row(static_cast<std::size_t>(width), '\0');
-    int first = width;
-    int last = -1;
-    for (int y = 0; y < height && picture.read(row.data(), width); ++y)
-        for (int x = 0; x < width; ++x)
-            if (static_cast<unsigned char>(row[static_cast<std::size_t>(x)]) < white - 8) {
-                first = std::min(first, x);
-                last = std::max(last, x);
-            }
-    page.leftBlank = first;
-    page.rightBlank = width - 1 - last;
+    const auto inked = [&](char pixel) { return static_cast<unsigned char>(pixel) < white - 8; };
+    page.leftBlank = page.rightBlank = width;
+    page.topBlank = page.bottomBlank = height;
+    for (int y = 0; y < height && picture.read(row.data(), width); ++y) {
+        const auto first = std::find_if(row.begin(), row.end(), inked) - row.begin();
+        if (first == width) continue;
+        const auto behind = std::find_if(row.rbegin(), row.rend(), inked) - row.rbegin();
+        page.leftBlank = std::min(page.leftBlank, static_cast<int>(first));
+        page.rightBlank = std::min(page.rightBlank, static_cast<int>(behind));
+        page.topBlank = std::min(page.topBlank, y);
+        page.bottomBlank = height - 1 - y;
+    }
 }
 
 } // namespace
@@ -79,12 +81,9 @@ std::vector<PrintedPage> PagesIn(const std::filesystem::path& document) {
             double height = 0;
             std::string times;
             words >> width >> times >> height;
-            pages.push_back({static_cast<int>(std::lround(width)),
-                             static_cast<int>(std::lround(height)),
-                             false,
-                             {},
-                             0,
-                             0});
+            PrintedPage& sheet = pages.emplace_back();
+            sheet.width = static_cast<int>(std::lround(width));
+            sheet.height = static_cast<int>(std::lround(height));
         }
     }
     for (std::size_t i = 0; i < pages.size(); ++i) {

@@ -14,8 +14,10 @@ struct PrintedPage {
     int height = 0;
     bool sideways = false; ///< its lines run along the sheet's height
     std::string text;      ///< without blanks
-    int leftBlank = 0;     ///< of the page as it is read, in points
+    int leftBlank = 0;     ///< of the sheet, in points
     int rightBlank = 0;
+    int topBlank = 0;
+    int bottomBlank = 0;
 };
 
 /// Raises what the reader says of a document that is none.
