@@ -75,7 +75,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, RelaidReports,
                                            RelaidRow{"Letter", 1, 1, 612, 792, 6},
                                            RelaidRow{"LargerSheet", 8, 1, 842, 1191, 4},
                                            RelaidRow{"Turned", 9, 2, 595, 842, 8},
-                                           RelaidRow{"OfThePrintersOwn", OwnPaper, 1, 700, 1000, 5}),
+                                           RelaidRow{"OfThePrintersOwn", OwnPaper, 1, 700, 1000, 4}),
                          [](const auto& row) { return row.param.name; });
 
 } // namespace
