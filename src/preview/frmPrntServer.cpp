@@ -22,13 +22,6 @@ void SetPointer(Pointer pointer) {
     Platform::Current().screen->SetMousePointer(pointer);
 }
 
-// What a handler does that has no trap of its own.
-template <class Statement>
-void Handle(Statement&& statement) {
-    ErrorTrap trap(ErrorTrap::BoxThenLeave);
-    trap.Step(statement);
-}
-
 } // namespace
 
 frmPrntServer& frmPrntServer::Instance() {
@@ -166,7 +159,7 @@ void frmPrntServer::SetEnglishCaptions() {
 }
 
 void frmPrntServer::Resize() {
-    Handle([&] {
+    HandleEvent([&] {
         constexpr std::int32_t leastHeight = 200;
         const std::int32_t h = Window().ToolbarOf("Toolbar2")->Height();
         const std::int32_t width = Window().ScaleWidth();
@@ -199,17 +192,17 @@ void frmPrntServer::PlaceToolbar() {
 void frmPrntServer::QueryUnload() {
     mClosed = true;
     SavePos();
-    Handle([&] {
+    HandleEvent([&] {
         if (hOwnerWnd != 0) ShowHost();
     });
 }
 
 void frmPrntServer::Click(const std::string& name) {
-    Handle([&] { RunCommand(name); });
+    HandleEvent([&] { RunCommand(name); });
 }
 
 void frmPrntServer::ButtonClick(const std::string& key) {
-    Handle([&] { RunButton(key); });
+    HandleEvent([&] { RunButton(key); });
 }
 
 void frmPrntServer::PageChanged() {

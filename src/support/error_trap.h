@@ -86,4 +86,11 @@ private:
     bool mLeft = false;
 };
 
+/// What the handler of an event does that has no trap of its own: a failure ends it in a box.
+template <class Statement>
+void HandleEvent(Statement&& statement) {
+    ErrorTrap trap(ErrorTrap::BoxThenLeave);
+    trap.Step(statement);
+}
+
 } // namespace qbrpt

@@ -61,26 +61,35 @@ class FakePrinters final : public Printers {
 public:
     std::vector<PrinterInfo> printers = {
         {"Lazer", "lazer driver", "LPT1:", OrientationPortrait, 9, 7, 11906}};
+    std::optional<PrinterInfo> chosen;      ///< the current printer; none: the first of `printers`
     std::optional<std::int32_t> count;      ///< where the collection's count is not that of `printers`
     std::vector<std::int16_t> orientations; ///< every orientation that was set, in order
 
 private:
-    PrinterInfo& First() {
+    PrinterInfo& Chosen() {
+        if (chosen) return *chosen;
         if (printers.empty()) throw Failure(FailureNumber::Device, "No printer is installed.");
         return printers.front();
     }
     std::int32_t DoCount() override { return count.value_or(static_cast<std::int32_t>(printers.size())); }
     PrinterInfo DoItem(std::int32_t index) override { return printers.at(static_cast<std::size_t>(index)); }
-    PrinterInfo DoCurrent() override { return First(); }
+    PrinterInfo DoCurrent() override { return Chosen(); }
     void DoSetOrientation(std::int16_t orientation) override {
         if (orientation != OrientationPortrait && orientation != OrientationLandscape)
             throw Failure(FailureNumber::InvalidArgument, "no such orientation");
-        First().orientation = orientation;
+        Chosen().orientation = orientation;
         orientations.push_back(orientation);
     }
-    void DoSetCurrent(const std::string& deviceName) override { First().deviceName = deviceName; }
-    void DoSetPaperSize(std::int16_t paperSize) override { First().paperSize = paperSize; }
-    void DoSetPaperBin(std::int16_t paperBin) override { First().paperBin = paperBin; }
+    void DoSetCurrent(const std::string& deviceName) override {
+        for (const PrinterInfo& printer : printers) {
+            if (printer.deviceName != deviceName) continue;
+            chosen = printer;
+            return;
+        }
+        throw Failure(FailureNumber::Device, "no such printer");
+    }
+    void DoSetPaperSize(std::int16_t paperSize) override { Chosen().paperSize = paperSize; }
+    void DoSetPaperBin(std::int16_t paperBin) override { Chosen().paperBin = paperBin; }
 };
 
 class FakeClock final : public Clock {

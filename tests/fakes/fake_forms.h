@@ -89,7 +89,8 @@ private:
 class FakeForm final : public Form {
 public:
     FakeForm(const FormTable& table, FormEvents& formEvents, std::shared_ptr<FakeViewer> formViewer)
-        : events(formEvents), viewer(std::move(formViewer)), controls(formEvents), caption(table.caption) {
+        : events(formEvents), viewer(std::move(formViewer)), controls(formEvents), formName(table.name),
+          caption(table.caption) {
         for (const ControlRow& row : table.controls)
             Add(row, table);
     }
@@ -101,6 +102,7 @@ public:
     FormEvents& events;
     std::shared_ptr<FakeViewer> viewer;
     FakeFormControls controls;
+    std::string formName;
     std::string caption;
     std::map<std::string, std::shared_ptr<FakeMenuItem>> menu;
     std::map<std::string, std::shared_ptr<FakeToolbar>> toolbars;
