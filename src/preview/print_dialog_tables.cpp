@@ -61,14 +61,14 @@ constexpr ControlRow Sheet(std::string_view name, std::string_view picture, Cont
 
 constexpr std::array PrintOptions = {
     Words(Kind::Label, "Label1(0)", "", "الطابعة", {.row = 0}, 5),
-    Locked(Field(Kind::TextBox, "prName", "", {.row = 0, .column = 1, .stretch = true}, 9)),
-    Words(Kind::CommandButton, "cmdPrntSetup", "", "إ&عداد الطابعة", {.row = 0, .column = 2}, 4),
+    Locked(Field(Kind::TextBox, "prName", "", {.row = 0, .column = 1, .columns = 3}, 9)),
+    Words(Kind::CommandButton, "cmdPrntSetup", "", "إ&عداد الطابعة", {.row = 0, .column = 4}, 4),
 
-    Words(Kind::Frame, "Frame1", "", "نطاق الطباعة", {.row = 1, .columns = 3, .stretch = true}, 10),
+    Words(Kind::Frame, "Frame1", "", "نطاق الطباعة", {.row = 1, .columns = 5}, 10),
     Words(Kind::Label, "Label1(1)", "Frame1", "من الصفحة", {.row = 0}, 6),
     Digits("printFrom", "Frame1", "1", {.row = 0, .column = 1}, 0),
     Words(Kind::Label, "Label1(2)", "Frame1", "إلى ", {.row = 0, .column = 2}, 7),
-    Digits("printTo", "Frame1", "", {.row = 0, .column = 3}, 1),
+    Digits("printTo", "Frame1", "", {.row = 0, .column = 3, .stretch = true}, 1),
     Words(Kind::CheckBox, "printAllChk", "Frame1", "طباعة الكل", {.row = 0, .column = 4}, 2),
 
     Words(Kind::Label, "Label2", "", "عدد النسخ", {.row = 2}, 8),
@@ -76,8 +76,8 @@ constexpr std::array PrintOptions = {
     Limited(Field(Kind::VScrollBar, "VScroll1", "", {.row = 2, .column = 2}, 11), 1,
             std::numeric_limits<std::int16_t>::max()),
 
-    Default(Words(Kind::CommandButton, "cmdOk", "", "موافق", {.row = 3}, 12)),
-    Cancels(Words(Kind::CommandButton, "Cancel", "", "إلغاء الأمر", {.row = 3, .column = 1}, 13)),
+    Default(Words(Kind::CommandButton, "cmdOk", "", "موافق", {.row = 3, .column = 3, .stretch = true}, 12)),
+    Cancels(Words(Kind::CommandButton, "Cancel", "", "إلغاء الأمر", {.row = 3, .column = 4}, 13)),
 };
 
 // The painted sheet stands where the hidden picture of its direction lies.
@@ -89,7 +89,7 @@ constexpr ControlRow PaintedSheet() {
 }
 
 constexpr std::array PrinterSetup = {
-    Words(Kind::Frame, "Frame1", "", "الطابعة", {.row = 0, .columns = 2, .stretch = true}, 7),
+    Words(Kind::Frame, "Frame1", "", "الطابعة", {.row = 0, .columns = 3}, 7),
     Words(Kind::Label, "Label1", "Frame1", "الاسم", {.row = 0}, 8),
     Field(Kind::ComboBox, "comboPrinter", "Frame1", {.row = 0, .column = 1, .stretch = true}, 0),
     Words(Kind::Label, "Label2(0)", "Frame1", "النوع", {.row = 1}, 9),
@@ -105,15 +105,15 @@ constexpr std::array PrinterSetup = {
     Words(Kind::Label, "Label3(1)", "Frame2", "المصدر", {.row = 1}, 17),
     Field(Kind::ComboBox, "comboSource", "Frame2", {.row = 1, .column = 1, .stretch = true}, 2),
 
-    Words(Kind::Frame, "Frame3", "", "اتجاه الطباعة", {.row = 1, .column = 1}, 18),
+    Words(Kind::Frame, "Frame3", "", "اتجاه الطباعة", {.row = 1, .column = 1, .columns = 2}, 18),
     OnAtFirst(Words(Kind::OptionButton, "OrignOpt(0)", "Frame3", "عمودي", {.row = 0}, 3)),
     Words(Kind::OptionButton, "OrignOpt(1)", "Frame3", "أفقي", {.row = 1}, 4),
     Sheet("Pic2", "sheet-portrait", UprightPlace),
     Sheet("Pic1", "sheet-landscape", TurnedPlace),
     PaintedSheet(),
 
-    Default(Words(Kind::CommandButton, "cmdOk", "", "موافق", {.row = 2}, 5)),
-    Cancels(Words(Kind::CommandButton, "Cancel", "", "إلغاء الأمر", {.row = 2, .column = 1}, 6)),
+    Default(Words(Kind::CommandButton, "cmdOk", "", "موافق", {.row = 2, .column = 1}, 5)),
+    Cancels(Words(Kind::CommandButton, "Cancel", "", "إلغاء الأمر", {.row = 2, .column = 2}, 6)),
 };
 
 } // namespace

@@ -86,11 +86,6 @@ QIcon TabPicture(std::string_view form, std::int16_t number) {
     return Drawing(AccountTabs[static_cast<std::size_t>(number) - 1]);
 }
 
-QImage ControlPicture(const QString& name) {
-    LoadIcons();
-    return QImage(QStringLiteral(":/qbrpt/icons/%1.png").arg(name));
-}
-
 QIcon ListPicture(std::string_view list, std::int16_t number) {
     const bool leftToRight = list == "ImageList2";
     if (!leftToRight && list != "ImageList1") return {};

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QtGui/QIcon>
-#include <QtGui/QImage>
 
 #include <cstdint>
 #include <string_view>
@@ -15,9 +14,6 @@ namespace qbrpt::qt {
 
 /// Picture `number`, from 1, of the tabs of a form; an empty icon where there is none.
 [[nodiscard]] QIcon TabPicture(std::string_view form, std::int16_t number);
-
-/// The picture of a picture box, by its name; null where there is none.
-[[nodiscard]] QImage ControlPicture(const QString& name);
 
 /// One of the drawings in icons/, by its file name without the ending.
 [[nodiscard]] QIcon Drawing(const QString& name, bool mirrored = false);

@@ -1,9 +1,8 @@
 #include "adapters/qt/dialog/picture_area.h"
 
+#include "adapters/gdi/form_pictures.h"
 #include "adapters/qt/dialog/control_port.h"
 #include "adapters/qt/dialog/painting.h"
-#include "adapters/qt/icons.h"
-#include "adapters/qt/shown_text.h"
 #include "platform/platform.h"
 
 #include <utility>
@@ -50,12 +49,12 @@ private:
 
 } // namespace
 
-PictureArea::PictureArea(QWidget* parent, const QString& picture)
+PictureArea::PictureArea(QWidget* parent, std::string_view picture)
     : QWidget(parent), mGdi(Platform::Current().gdi) {
-    if (picture.isEmpty()) return;
-    mShown = ControlPicture(picture);
-    if (auto* raster = Raster(mGdi); raster != nullptr && !mShown.isNull())
-        mPicture = raster->MakeBitmap(PixelsOf(mShown));
+    const auto pixels = gdi::FormPicture(picture);
+    if (!pixels) return;
+    mShown = ImageOf(*pixels);
+    if (auto* raster = Raster(mGdi)) mPicture = raster->MakeBitmap(*pixels);
 }
 
 PictureArea::~PictureArea() {
@@ -91,7 +90,7 @@ void PictureArea::paintEvent(QPaintEvent*) {
 }
 
 BuiltPicture BuildPictureBox(QWidget& parent, const ControlRow& row, const ControlEvents& events) {
-    auto* area = new PictureArea(&parent, Text(row.picture));
+    auto* area = new PictureArea(&parent, row.picture);
     area->painted = [name = std::string(row.name), told = events.paint] { told(name); };
     return {area, std::make_shared<PicturePort>(*area)};
 }

@@ -10,13 +10,14 @@
 #include <QtWidgets/QWidget>
 
 #include <memory>
+#include <string_view>
 
 namespace qbrpt::qt {
 
 /// Lets its rules paint on a canvas of the drawing system, which it then shows.
 class PictureArea final : public QWidget {
 public:
-    PictureArea(QWidget* parent, const QString& picture);
+    PictureArea(QWidget* parent, std::string_view picture);
     ~PictureArea() override;
     PictureArea(const PictureArea&) = delete;
     PictureArea& operator=(const PictureArea&) = delete;
