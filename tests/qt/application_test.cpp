@@ -71,6 +71,15 @@ TEST(OwnApplication, IsMadeWhenAWindowNeedsIt) {
     EXPECT_EQ(LoadFault(), "");
 }
 
+TEST(OwnApplication, SpeaksArabicWhereQtBringsTheWords) {
+    const WindowPlatform platform;
+    qt::RequireApplication();
+    EXPECT_EQ(QCoreApplication::translate("QFileDialog", "File &name:"), "اسم الملف:");
+    EXPECT_EQ(QCoreApplication::translate("QLineEdit", "&Paste"), "لصق");
+    EXPECT_EQ(QCoreApplication::translate("QLineEdit", "Of no dialog"), "Of no dialog");
+    EXPECT_EQ(QApplication::layoutDirection(), Qt::LeftToRight);
+}
+
 TEST(OwnApplication, TakesTheFirstPlatformThatWorks) {
     const WindowPlatform platform("wayland;xcb;offscreen");
     ::unsetenv("DISPLAY");
@@ -100,6 +109,7 @@ TEST_F(HostApplication, IsLeftAsItIs) {
     EXPECT_EQ(QApplication::palette(), palette);
     EXPECT_TRUE(QGuiApplication::quitOnLastWindowClosed());
     EXPECT_EQ(QApplication::layoutDirection(), Qt::LeftToRight);
+    EXPECT_EQ(QCoreApplication::translate("QLineEdit", "&Paste"), "&Paste");
 }
 
 TEST_F(HostApplication, GoesOnWhenThePreviewWasItsOnlyVisibleWindow) {

@@ -128,6 +128,22 @@ TEST_F(Box, ShowsItsLinesAndTitleInTheirOwnOrder) {
     EXPECT_EQ(title, "AlignToPrinter");
 }
 
+TEST_F(Box, ShowsALongTextWhole) {
+    const std::string path = "/home/cafe/reports/2025/march/income-of-the-month-of-march-final-version-2.pdf";
+    const Meanwhile meanwhile({[&] {
+        const auto* words = OpenBox()->findChild<QLabel*>("qt_msgbox_label");
+        EXPECT_LE(words->heightForWidth(words->width()), words->height());
+        EXPECT_LE(words->minimumSizeHint().width(), words->width());
+        EXPECT_TRUE(OpenBox()->rect().contains(words->geometry()));
+        QTest::keyClick(OpenBox(), Qt::Key_Escape);
+    }});
+    static_cast<void>(Platform::Current().messages->MsgBox(
+        "The file " + path +
+            " could not be written because the disk is full; make room and try once more.\n" + path + path +
+            path,
+        16));
+}
+
 TEST_F(Box, StandsOverTheOpenForm) {
     HeardEvents events;
     const Ref<Form> form = Platform::Current().forms->Load(PrintServerTable(), events);

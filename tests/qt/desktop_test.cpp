@@ -3,6 +3,7 @@
 #include "adapters/qt/button_bar.h"
 #include "adapters/runtime/runtime.h"
 #include "adapters/text/text_engine.h"
+#include "desktop_user.h"
 #include "preview/frmPrntServer.h"
 #include "samples/sample_rows.h"
 #include "support/owner_window.h"
@@ -23,17 +24,6 @@ namespace {
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-bool Waits(const std::function<bool()>& holds) {
-    constexpr int milliseconds = 10000;
-    return QTest::qWaitFor(holds, milliseconds);
-}
-
-/// Types, clicks and moves as a user does.
-void User(std::vector<std::string> does) {
-    does.insert(does.begin(), "xdotool");
-    EXPECT_EQ(RunProgram(std::move(does)).status, 0);
-}
 
 struct NoDelivery final : Delivery {
     void Print(ReportOutput&, const PrintJob&) override { ADD_FAILURE() << "nobody has asked for paper"; }

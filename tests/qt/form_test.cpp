@@ -163,6 +163,14 @@ TEST_F(BuiltForm, ShortcutsAndMenuKeysReachTheRules) {
                                                    "click mnNextPage", "click mnPrintSetup", "unload"));
 }
 
+TEST_F(BuiltForm, TheTenthFunctionKeyOpensTheMenuBar) {
+    ShowAndDo({[&] { QTest::keyClick(Window().focusWidget(), Qt::Key_F10); },
+               [&] {
+                   EXPECT_EQ(Window().MenuBar().activeAction(), Window().MenuBar().actions()[0]);
+                   QTest::keyClick(&Window().MenuBar(), Qt::Key_Escape);
+               }});
+}
+
 TEST_F(BuiltForm, ADisabledButtonIsSilent) {
     form->ToolbarOf("Toolbar1")->ButtonOf("prev")->SetEnabled(false);
     ShowAndDo({[&] { QTest::mouseClick(&Find<qt::BarButton>("prev"), Qt::LeftButton); }});

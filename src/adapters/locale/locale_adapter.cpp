@@ -82,6 +82,16 @@ std::string TimeElement(const LocaleWords& words, const LocaleTime& time, char l
     }
 }
 
+std::string DateText(const LocaleWords& words, const LocaleDate& date, std::string_view picture) {
+    return WalkPicture(picture, "dMyg",
+                       [&](char letter, std::size_t run) { return DateElement(words, date, letter, run); });
+}
+
+std::string TimeText(const LocaleWords& words, const LocaleTime& time, std::string_view picture) {
+    return WalkPicture(picture, "hHmst",
+                       [&](char letter, std::size_t run) { return TimeElement(words, time, letter, run); });
+}
+
 /// The size question and the filling of a buffer.
 int Deliver(const std::string& text, char* buffer, int size) {
     if (text.size() >= static_cast<std::size_t>(INT_MAX)) return 0;
@@ -97,10 +107,7 @@ class BuiltInLocale final : public Locale {
                         const std::string& picture, char* buffer, int size) override {
         const LocaleWords* words = WordsOf(locale);
         if (words == nullptr || flags != 0 || !IsCalendarDay(date)) return 0;
-        const std::string text = WalkPicture(picture, "dMyg", [&](char letter, std::size_t run) {
-            return DateElement(*words, date, letter, run);
-        });
-        return Deliver(text, buffer, size);
+        return Deliver(DateText(*words, date, picture), buffer, size);
     }
 
     int DoGetTimeFormat(std::int32_t locale, std::int32_t flags, const LocaleTime& time,
@@ -108,10 +115,7 @@ class BuiltInLocale final : public Locale {
         const LocaleWords* words = WordsOf(locale);
         const bool isTime = time.hour >= 0 && time.hour < 24 && time.minute >= 0 && time.minute < 60;
         if (words == nullptr || flags != 0 || !isTime) return 0;
-        const std::string text = WalkPicture(picture, "hHmst", [&](char letter, std::size_t run) {
-            return TimeElement(*words, time, letter, run);
-        });
-        return Deliver(text, buffer, size);
+        return Deliver(TimeText(*words, time, picture), buffer, size);
     }
 };
 
@@ -119,6 +123,14 @@ class BuiltInLocale final : public Locale {
 
 Ref<Locale> MakeLocale() {
     return std::make_shared<BuiltInLocale>();
+}
+
+std::string ArabicDateText(const LocaleDate& date, std::string_view picture) {
+    return DateText(*WordsOf(LocaleArabicQatar), date, picture);
+}
+
+std::string ArabicTimeText(const LocaleTime& time, std::string_view picture) {
+    return TimeText(*WordsOf(LocaleArabicQatar), time, picture);
 }
 
 } // namespace qbrpt

@@ -1,5 +1,6 @@
 #include "adapters/qt/application.h"
 
+#include "adapters/qt/arabic_words.h"
 #include "adapters/qt/look.h"
 #include "adapters/window/x_session.h"
 #include "base/failure.h"
@@ -98,6 +99,8 @@ void MakeApplication(const QString& platform) {
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setPalette(HousePalette());
     application->setFont(WindowFont());
+    // A host's own application speaks the language that its host has given it.
+    QCoreApplication::installTranslator(new ArabicWords(application));
 }
 
 } // namespace

@@ -39,13 +39,13 @@ public:
     explicit DropDown(QWidget* parent);
     [[nodiscard]] ComboEntries& Entries() { return *mEntries; }
     void Add(const QString& text);
+    void showPopup() override;
 
 private:
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
     void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
-    void showPopup() override;
 
     ComboEntries* mEntries;
 };

@@ -61,8 +61,9 @@ private:
     Moment mMoment;
     bool mIsOn = true; ///< holds a date
     bool mCanBeEmpty;
-    std::size_t mAt = 0; ///< the section that is edited
-    QString mTyped;      ///< digits of it, as far as they have come
+    std::size_t mAt = 0;  ///< the section that is edited
+    QString mTyped;       ///< digits of it, as far as they have come
+    bool mWentOn = false; ///< by itself, behind the last digit of a section
     MonthView* mMonth;
 };
 

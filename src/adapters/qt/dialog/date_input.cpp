@@ -8,6 +8,7 @@
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
+#include <utility>
 
 namespace qbrpt::qt {
 
@@ -81,6 +82,7 @@ void DateField::TypeDigit(int digit) {
         mTyped.clear();
         Become(WithNumber(section, mMoment, number));
         GoTo(1);
+        mWentOn = true;
     }
     update();
 }
@@ -112,14 +114,16 @@ void DateField::OpenMonth() {
 
 void DateField::keyPressEvent(QKeyEvent* event) {
     const bool alt = (event->modifiers() & Qt::AltModifier) != 0;
+    const bool wentOn = std::exchange(mWentOn, false);
     switch (event->key()) {
     case Qt::Key_Left:
         return GoTo(-1);
     case Qt::Key_Right:
+        return GoTo(1);
     case Qt::Key_Slash:
     case Qt::Key_Colon:
     case Qt::Key_Minus:
-        return GoTo(1);
+        return wentOn ? void() : GoTo(1);
     case Qt::Key_F4:
         return OpenMonth();
     case Qt::Key_Up:

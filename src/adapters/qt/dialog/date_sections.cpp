@@ -3,7 +3,6 @@
 #include "adapters/locale/locale_adapter.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 namespace qbrpt::qt {
@@ -36,23 +35,12 @@ DatePart PartOf(char letter) {
     }
 }
 
-Locale& Words() {
-    static const Ref<Locale> locale = MakeLocale();
-    return *locale;
-}
-
 QString InWords(const DateSection& section, const Moment& moment) {
-    std::array<char, 128> text{};
     const std::string picture = section.picture.toStdString();
-    const int room = static_cast<int>(text.size());
     const bool isDate =
         section.part == DatePart::Day || section.part == DatePart::Month || section.part == DatePart::Year;
-    if (isDate)
-        Words().GetDateFormat(LocaleArabicQatar, 0, {moment.day, moment.month, moment.year}, picture,
-                              text.data(), room);
-    else
-        Words().GetTimeFormat(LocaleArabicQatar, 0, {moment.hour, moment.minute}, picture, text.data(), room);
-    return QString::fromUtf8(text.data());
+    return QString::fromStdString(isDate ? ArabicDateText({moment.day, moment.month, moment.year}, picture)
+                                         : ArabicTimeText({moment.hour, moment.minute}, picture));
 }
 
 bool CountsToTwelve(const DateSection& section) {

@@ -5,6 +5,7 @@
 #include "adapters/qt/dialog/row_delegate.h"
 #include "adapters/qt/shown_text.h"
 
+#include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QHeaderView>
 
@@ -80,6 +81,14 @@ ReportList::ReportList(QWidget* parent, const QStringList& captions)
 std::int32_t ReportList::Selected() const {
     const QModelIndexList rows = selectionModel()->selectedRows();
     return rows.isEmpty() ? 0 : rows.front().row() + 1;
+}
+
+void ReportList::keyPressEvent(QKeyEvent* event) {
+    // The first step selects the item that one stands on.
+    const bool steps = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+    if (!steps || Selected() != 0) return QTreeView::keyPressEvent(event);
+    const QModelIndex item = currentIndex().isValid() ? currentIndex() : mItems->index(0, 0);
+    selectionModel()->setCurrentIndex(item, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void ReportList::mousePressEvent(QMouseEvent* event) {

@@ -22,6 +22,7 @@ public:
     std::function<bool()> mayEdit = [] { return true; };
 
 private:
+    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
