@@ -74,6 +74,15 @@ std::string_view FirstCharacters(std::string_view text, std::size_t count) {
     return text.substr(0, position);
 }
 
+std::string_view WholeCharacters(std::string_view text, std::size_t bytes) {
+    std::size_t end = 0;
+    for (std::size_t next = 0; end < text.size(); end = next) {
+        static_cast<void>(NextCharacter(text, next));
+        if (next > bytes) break;
+    }
+    return text.substr(0, end);
+}
+
 std::string ValidUtf8(std::string_view text) {
     std::string valid;
     valid.reserve(text.size());

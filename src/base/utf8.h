@@ -20,6 +20,9 @@ void AppendCharacter(std::string& text, char32_t character);
 /// The first `count` characters, whole.
 [[nodiscard]] std::string_view FirstCharacters(std::string_view text, std::size_t count);
 
+/// As many whole characters from the beginning as fit into `bytes`.
+[[nodiscard]] std::string_view WholeCharacters(std::string_view text, std::size_t bytes);
+
 /// `text` with every invalid byte replaced by U+FFFD; valid text comes back unchanged.
 [[nodiscard]] std::string ValidUtf8(std::string_view text);
 

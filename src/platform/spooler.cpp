@@ -13,15 +13,6 @@ namespace {
 constexpr std::string_view SpoolerPort = "Spooler";
 constexpr std::size_t WordBytes = sizeof(std::uint32_t);
 
-std::string_view WholeCharacters(std::string_view text, std::size_t bytes) {
-    std::size_t end = 0;
-    for (std::size_t next = 0; end < text.size(); end = next) {
-        static_cast<void>(NextCharacter(text, next));
-        if (next > bytes) break;
-    }
-    return text.substr(0, end);
-}
-
 void FillFields(std::span<char> output, const std::vector<std::string>& names, std::size_t field) {
     for (std::size_t i = 0; i < names.size() && (i + 1) * field <= output.size(); ++i) {
         const std::span<char> place = output.subspan(i * field, field);

@@ -57,6 +57,14 @@ TEST(PdfPrinter, MakesItsFolderAndNumbersNamesThatAreTaken) {
     EXPECT_EQ(ContentOf(folder.Path() / "new" / "pages" / "يوم (3).pdf"), "pages");
 }
 
+TEST(PdfPrinter, NamesItsFileAfterApplicationAndTitle) {
+    const TempFolder folder;
+    FewWords report;
+    PrintJob job = JobCalled("يوم");
+    job.application = "qbrpt";
+    EXPECT_EQ(PdfPrinter(folder.Path()).Print(report, job).filename(), "qbrpt - يوم.pdf");
+}
+
 TEST(PdfPrinter, ALinkThatPointsNowhereIsATakenName) {
     const TempFolder folder;
     std::filesystem::create_symlink(folder / "gone", folder / "a.pdf");

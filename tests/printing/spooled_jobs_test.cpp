@@ -97,6 +97,20 @@ TEST_F(FolderPrinter, TheTrayAndBothSidesArrive) {
     EXPECT_TRUE(job.Has("sides=two-sided-short-edge") || job.Has("Duplex=DuplexTumble")) << job.words;
 }
 
+TEST_F(FolderPrinter, ALongTitleIsCutToANameThatTheServiceTakes) {
+    PayOutRpt payments;
+    Fill(payments, 5);
+    std::string title;
+    for (int i = 0; i < 40; ++i)
+        title += "مصروفات ";
+    payments.SetHeadTitle(title);
+    PrinterInfo printer;
+    printer.deviceName = "folder";
+    Bind(*payments.Report(), printer);
+    EXPECT_EQ(FailureOf([&] { payments.Report()->PrintOut(false); }), "");
+    EXPECT_TRUE(service.Printed("folder").Has("\nqbrpt - مصروفات مصروفات"));
+}
+
 struct RefusalRow {
     const char* name;
     const char* device;

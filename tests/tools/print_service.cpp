@@ -104,6 +104,7 @@ PrintService::PrintService() {
     WriteSettings();
     WriteBackend();
     Start();
+    if (const char* server = std::getenv("CUPS_SERVER")) mServer = server;
     ::setenv("CUPS_SERVER", Socket().c_str(), 1);
     // The developer's own choice of printers is not the test's.
     if (const char* home = std::getenv("HOME")) mHome = home;
@@ -111,7 +112,7 @@ PrintService::PrintService() {
 }
 
 PrintService::~PrintService() {
-    ::unsetenv("CUPS_SERVER");
+    ::setenv("CUPS_SERVER", mServer.c_str(), 1);
     ::setenv("HOME", mHome.c_str(), 1);
     mPrinters.clear();
     mBus.reset();

@@ -71,6 +71,7 @@ private:
     void WriteBackend() const;
 
     TempFolder mRoot;
+    std::string mServer; ///< as it was before, like the home
     std::string mHome;
     std::unique_ptr<ChildProcess> mScheduler;
     std::unique_ptr<ChildProcess> mBus;

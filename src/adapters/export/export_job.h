@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,7 +26,8 @@ struct ExportJob {
     double printedAt = 0; ///< day number
     std::int16_t paperSize = PaperA4;
     bool landscape = false;
-    std::vector<ExportPart> parts; ///< the report first, then its subreports
+    std::vector<ExportPart> parts;       ///< the report first, then its subreports
+    std::optional<PaperExtent> ownSheet; ///< upright, of a paper without a usual number
 };
 
 /// Called now and then with the rows done; may raise Failure Cancelled.

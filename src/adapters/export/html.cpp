@@ -204,7 +204,7 @@ private:
 };
 
 PaperExtent SheetOf(const ExportJob& job) {
-    PaperExtent sheet = ExtentOfPaper(job.paperSize);
+    PaperExtent sheet = job.ownSheet.value_or(ExtentOfPaper(job.paperSize));
     if (job.landscape) std::swap(sheet.width, sheet.height);
     return sheet;
 }

@@ -92,7 +92,9 @@ void XlsxTable::SetUpPrinting() {
         worksheet_set_landscape(mSheet);
     else
         worksheet_set_portrait(mSheet);
-    worksheet_set_paper(mSheet, static_cast<std::uint8_t>(mJob.paperSize));
+    // Spreadsheets know the usual numbers only; for any other paper the reader's printer chooses.
+    const bool usual = mJob.paperSize < FirstOwnPaper;
+    worksheet_set_paper(mSheet, usual ? static_cast<std::uint8_t>(mJob.paperSize) : std::uint8_t{0});
     worksheet_set_margins(mSheet, 0.35, 0.35, 0.5, 0.6);
     worksheet_fit_to_pages(mSheet, 1, 0);
     worksheet_center_horizontally(mSheet);

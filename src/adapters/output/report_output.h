@@ -51,6 +51,7 @@ public:
 /// What PrintOut asks of the printer.
 struct PrintJob {
     std::string device;
+    std::string application; ///< the name that jobs bear before the title; empty where none was given
     std::string title;
     std::int16_t paperSize = 9;
     std::int16_t orientation = 1;

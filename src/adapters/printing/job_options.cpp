@@ -2,6 +2,9 @@
 
 #include "adapters/printing/cups/offers.h"
 #include "base/failure.h"
+#include "base/utf8.h"
+
+#include <string_view>
 
 namespace qbrpt {
 
@@ -11,10 +14,12 @@ namespace {
     throw Failure(FailureNumber::Device, "The printer \"" + printer.info.deviceName + "\" " + words);
 }
 
-const PrinterPaper& RequiredPaper(const InstalledPrinter& printer, std::int16_t code) {
+PrinterPaper RequiredPaper(const InstalledPrinter& printer, std::int16_t code) {
     const PrinterPaper* paper = printer.PaperOf(code);
     if (paper != nullptr) return *paper;
     const StandardPaper* known = StandardPaperNumbered(code);
+    // A printer that tells nothing of its papers takes what it is given.
+    if (printer.papers.empty() && known != nullptr) return {code, {}, {}, known->width, known->height};
     Refuse(printer, "has no paper " +
                         (known == nullptr ? std::to_string(code) : "\"" + std::string(known->name) + "\"") +
                         ".");
@@ -28,10 +33,19 @@ std::string TrayOf(const InstalledPrinter& printer, const std::optional<std::int
     Refuse(printer, "has no paper bin " + std::to_string(*code) + ".");
 }
 
+constexpr std::string_view UsualApplication = "qbrpt";
+constexpr std::size_t LongestName = 255; // bytes; longer names are refused
+
 } // namespace
 
+std::string JobName(const PrintJob& job) {
+    const std::string application = job.application.empty() ? std::string(UsualApplication) : job.application;
+    return std::string(WholeCharacters(
+        ValidUtf8(job.title.empty() ? application : application + " - " + job.title), LongestName));
+}
+
 cups::JobOptions OptionsOf(const InstalledPrinter& printer, const PrintJob& job) {
-    const PrinterPaper& paper = RequiredPaper(printer, job.paperSize);
+    const PrinterPaper paper = RequiredPaper(printer, job.paperSize);
     // A tray arrives only inside the collection: by itself some queues drop it.
     std::string media = "{media-size={x-dimension=" + std::to_string(paper.width) +
                         " y-dimension=" + std::to_string(paper.height) + "}";

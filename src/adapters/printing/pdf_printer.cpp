@@ -58,7 +58,8 @@ fs::path PdfPrinter::Print(ReportOutput& report, const PrintJob& job) const {
         throw Failure(FailureNumber::FileAccess, "The folder of the PDF printer, \"" + mFolder.string() +
                                                      "\", cannot be made: " + failed.message() +
                                                      ". QBRPT_PDF_FOLDER names another one.");
-    const std::string stem = FileStemOf(job.title);
+    const std::string stem =
+        FileStemOf(job.application.empty() ? job.title : job.application + " - " + job.title);
     AtomicFile file(mFolder / (stem + ".pdf"));
     report.WritePdf(file, job.pages, mProgress);
     for (int number = 1; number <= MostNumbers; ++number) {

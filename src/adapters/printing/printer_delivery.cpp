@@ -37,7 +37,7 @@ void PrinterDelivery::Spool(ReportOutput& report, const PrintJob& job) {
                                                           std::to_string(MostCopies) + " times, not " +
                                                           std::to_string(job.copies) + " times.");
     const InstalledPrinter printer = PrinterOf(job);
-    cups::Job spooled({printer, job.title, OptionsOf(printer, job)});
+    cups::Job spooled({printer, JobName(job), OptionsOf(printer, job)});
     report.WritePdf(spooled, job.pages, mPdfPrinter.Progress());
     spooled.Finish();
     if (mQueued) mQueued(job);

@@ -36,9 +36,13 @@ std::int32_t LiveReport::CountPages(const PageProgress& progress) {
     return PageCount();
 }
 
+PaperExtent LiveReport::Paper() const {
+    return mServices->printers ? mServices->printers->SheetOf(mDevice, mPaperSize)
+                               : ExtentOfPaper(mPaperSize);
+}
+
 report::Sheet LiveReport::SheetSize() {
-    const PaperExtent paper =
-        mServices->printers ? mServices->printers->SheetOf(mDevice, mPaperSize) : ExtentOfPaper(mPaperSize);
+    const PaperExtent paper = Paper();
     if (Landscape()) return {paper.height, paper.width};
     return {paper.width, paper.height};
 }
@@ -81,7 +85,8 @@ void LiveReport::WritePdf(ByteSink& sink, const PageRange& range, const PageProg
 }
 
 ExportJob LiveReport::Job() {
-    ExportJob job{Title(), PrintedAt(), mPaperSize, Landscape(), {}};
+    ExportJob job{Title(), PrintedAt(), mPaperSize, Landscape(), {}, {}};
+    if (mPaperSize >= FirstOwnPaper) job.ownSheet = Paper();
     job.parts.push_back({&mState->definition, OrderedRows()});
     for (const auto& [name, subreport] : mSubreports)
         if (subreport->mRows) job.parts.push_back({&subreport->mState->definition, subreport->OrderedRows()});

@@ -129,7 +129,8 @@ void LiveReport::DoPrintOut(bool, const CrystalRuntime::PrintRange& range) {
         throw Failure(FailureNumber::Device, "There is no printer that could take the report.");
     PrintJob job;
     job.device = mDevice;
-    job.title = mApplication.empty() ? Title() : mApplication + " - " + Title();
+    job.application = mApplication;
+    job.title = Title();
     job.paperSize = mPaperSize;
     job.orientation = mOrientation;
     if (mServices->printers) {

@@ -7,6 +7,7 @@
 #include "adapters/runtime/live_objects.h"
 #include "adapters/runtime/report_state.h"
 #include "adapters/runtime/runtime.h"
+#include "base/paper.h"
 #include "platform/CrystalRuntime.h"
 
 #include <map>
@@ -60,6 +61,8 @@ private:
     [[nodiscard]] report::DocumentContext Context();
     [[nodiscard]] ExportJob Job();
     [[nodiscard]] bool Landscape() const;
+    /// The sheet, upright.
+    [[nodiscard]] PaperExtent Paper() const;
     [[nodiscard]] double PrintedAt();
     /// The rows as read; none before that.
     [[nodiscard]] std::shared_ptr<const RowSource> Rows() const;

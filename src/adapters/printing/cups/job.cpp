@@ -125,11 +125,21 @@ private:
 
 namespace {
 
-void CancelJob(const InstalledPrinter& printer, int number) {
+/// False where the spooler does not answer.
+bool CancelJob(const InstalledPrinter& printer, int number) {
     const Connection connection = Connect(CancelPatience);
-    if (!connection) return;
+    if (!connection) return false;
     const Destinations found(printer.info.deviceName, printer.destination);
     ::cupsCancelDestJob(connection.get(), found.At(0), number);
+    return ::httpError(connection.get()) == 0;
+}
+
+/// Cancels a job of a spooler that may be dead or stopped, as soon as it is back. What it has of the document
+/// is not whole, so that it prints nothing of it meanwhile.
+void CancelJobSometime(const InstalledPrinter& printer, int number) {
+    constexpr int times = 120;
+    for (int i = 0; i < times && !CancelJob(printer, number); ++i)
+        std::this_thread::sleep_for(std::chrono::seconds(1));
 }
 
 /// Takes the document of a job to the spooler, on a connection of its own. Returns what went wrong.
@@ -214,8 +224,9 @@ void Job::Cancel() noexcept {
         mLine->Drop();
         const int number = mLine->Number();
         if (number == 0) return; // the thread cancels it where it is made yet
-        static_cast<void>(
-            RunWithin(CancelPatience, [printer = mTicket.printer, number] { CancelJob(printer, number); }));
+        static_cast<void>(RunWithin(CancelPatience, [printer = mTicket.printer, number] {
+            if (!CancelJob(printer, number)) std::thread(CancelJobSometime, printer, number).detach();
+        }));
     } catch (...) {
         // A job that cannot be cancelled has no whole document: the spooler drops it in time.
         return;
