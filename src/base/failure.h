@@ -17,7 +17,7 @@ enum class FailureNumber : int {
     FileNotFound = 53,      ///< a named file does not exist
     FileAccess = 75,        ///< a file or folder that cannot be read or written
     ObjectNotSet = 91,      ///< an operation on a missing object: no database, no record set
-    NotThereYet = 445,      ///< a published member whose work is still to come
+    NotThereYet = 445,      ///< something published whose work is still to come
     Device = 482,           ///< printer, spooler or display refused
     SyntaxError = 3075,     ///< a statement that cannot be parsed
     UnknownName = 3061,     ///< a statement that names something the database does not have

@@ -1,5 +1,6 @@
 #include "service/VantlowCls.h"
 
+#include "accounts/frmAccount.h"
 #include "platform/DAO.h"
 #include "platform/platform.h"
 #include "service/host_session.h"
@@ -46,6 +47,10 @@ void VantlowCls::SetMainTitle(const std::string& Name1, const std::string& addr1
         mAddr1 = addr1;
         mAddr2 = addr2;
     });
+}
+
+void VantlowCls::EditAccount() {
+    if (mDb) frmAccount::Instance().EditAccount(mDb);
 }
 
 // Bills are printed by the host; the member stays for hosts that call it.

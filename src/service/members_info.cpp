@@ -1,13 +1,18 @@
 // Subscriptions of the subscribers.
+#include "base/numbers.h"
 #include "platform/DAO.h"
 #include "platform/desktop.h"
 #include "platform/platform.h"
 #include "service/VantlowCls.h"
-#include "service/later_members.h"
+#include "service/frmMembersPrint.h"
 #include "service/report_run.h"
 #include "support/error_trap.h"
 #include "support/words.h"
 #include "templates/MembersInfo.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
 
 namespace qbrpt {
 
@@ -19,23 +24,71 @@ std::string WithShortNames(const std::string& condition) {
     return ReplaceAnyCase(ReplaceAnyCase(condition, "members_info", "mi"), "members", "mm");
 }
 
-std::string SubscriptionStatement(const std::string& where) {
-    return "SELECT mm.name, mi.accountname, mi.begindate, mi.totaltime, "
-           "IIf(mi.ended,0,mi.membertime - mi.totaltime) AS remintime, mi.paid, mi.remin, mm.id"
-           "\r From members AS mm INNER JOIN members_info AS mi ON mm.id = mi.member_id " +
-           where + "\rORDER BY mm.id, mi.begindate, mi.accountname, mi.ended;";
+/// Which subscriptions are printed, and how.
+struct Choice {
+    std::int32_t type = frmMembersPrint::All;
+    bool grouped = false;
+    std::string where; ///< with its word WHERE, or empty
+};
+
+// A last day without a first one is dropped in silence.
+std::string DayCondition(const frmMembersPrint& asked) {
+    const std::int32_t first = RoundToLong(asked.dStartDate);
+    std::int32_t last = RoundToLong(asked.dEndDate);
+    if (first == 0) return {};
+    const bool single = last == 0 || asked.dStartDate == asked.dEndDate;
+    if (single) return "CLng(mi.begindate) = " + DecimalText(first);
+    return "CLng(mi.begindate) BETWEEN " + DecimalText(first) + " AND " + DecimalText(last);
+}
+
+std::string WhereOf(std::int32_t type, const std::string& days, bool grouped) {
+    std::string where;
+    if (type == frmMembersPrint::Running) where = "WHERE Not mi.ended";
+    if (type == frmMembersPrint::Owing) where = "WHERE mi.remin <> 0";
+    if (!days.empty()) where += (where.empty() ? "WHERE " : " AND ") + days;
+    if (grouped) where += "\rGROUP BY mm.name, mi.accountname, mm.id";
+    return where;
+}
+
+/// Asks the user; nothing where he refuses.
+std::optional<Choice> AskedChoice() {
+    frmMembersPrint window;
+    const std::int32_t type = window.GetPrintType();
+    if (type == frmMembersPrint::Refused) return std::nullopt;
+    return Choice{type, window.bGroupPrint, WhereOf(type, DayCondition(window), window.bGroupPrint)};
+}
+
+std::string SubscriptionStatement(const Choice& choice) {
+    const std::string columns =
+        choice.grouped ? "First(mi.begindate), Sum(mi.totaltime), Sum(IIf(mi.ended,0,mi.membertime - "
+                         "mi.totaltime)) AS remintime, Sum(mi.paid), Sum(mi.remin), mm.id"
+                       : "mi.begindate, mi.totaltime, IIf(mi.ended,0,mi.membertime - mi.totaltime) AS "
+                         "remintime, mi.paid, mi.remin, mm.id";
+    return "SELECT mm.name, mi.accountname, " + columns +
+           "\r From members AS mm INNER JOIN members_info AS mi ON mm.id = mi.member_id " + choice.where +
+           (choice.grouped ? "\rORDER BY mm.id;"
+                           : "\rORDER BY mm.id, mi.begindate, mi.accountname, mi.ended;");
+}
+
+std::string_view TitleOf(std::int32_t type) {
+    if (type == frmMembersPrint::Running) return "تقرير بالمشتركين المستمرين";
+    if (type == frmMembersPrint::Owing) return "تقرير بالمبالغ الغير مسددة من المشتركين";
+    return {};
 }
 
 } // namespace
 
 void VantlowCls::PrintMembersInfo(const std::string& szParam) {
-    if (szParam.empty()) return NotThereYet("PrintMembersInfo");
     ErrorTrap trap(ErrorTrap::BoxWithRetry);
     const Ref<DAO::Database> db = mDb;
-    std::string where;
-    trap.Step([&] { where = WithShortNames(szParam); });
+    std::optional<Choice> choice = Choice{};
+    if (szParam.empty())
+        trap.Step([&] { choice = AskedChoice(); });
+    else
+        trap.Step([&] { choice->where = WithShortNames(szParam); });
+    if (!choice) return;
     Ref<DAO::Recordset> records;
-    trap.Step([&] { records = db->OpenRecordset(SubscriptionStatement(where)); });
+    trap.Step([&] { records = db->OpenRecordset(SubscriptionStatement(*choice)); });
     if (!trap.Test([&] { return !records->Eof(); })) {
         trap.Step([] {
             Platform::Current().messages->MsgBox("لا توجد بيانات للطباعة.",
@@ -45,6 +98,8 @@ void VantlowCls::PrintMembersInfo(const std::string& szParam) {
     }
     Ref<MembersInfo> report;
     trap.Step([&] { report = std::make_shared<MembersInfo>(); });
+    if (const std::string_view title = TitleOf(choice->type); !title.empty())
+        trap.Step([&] { report->SetHeadTitle(std::string(title)); });
     trap.Step([&] { RunReport(report, records, true, true, {mName1, mAddr1, mAddr2}); });
 }
 

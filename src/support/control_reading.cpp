@@ -4,12 +4,14 @@
 
 namespace qbrpt {
 
+std::int32_t SelectedItemData(const ListControl& ctl) {
+    return ctl.ListIndex() > -1 && ctl.ListCount() != 0 ? ctl.ItemData(ctl.ListIndex()) : 0;
+}
+
 std::int32_t GetItemData(const ListControl& ctl) {
     std::int32_t data = 0;
     ErrorTrap trap(ErrorTrap::SilentLeave);
-    trap.Step([&] {
-        if (ctl.ListIndex() > -1 && ctl.ListCount() != 0) data = ctl.ItemData(ctl.ListIndex());
-    });
+    trap.Step([&] { data = SelectedItemData(ctl); });
     return data;
 }
 

@@ -1,6 +1,7 @@
 // The reports on the journal, on a platform of fakes.
 #pragma once
 
+#include "accounts/account_report_fake.h"
 #include "accounts/account_reports.h"
 #include "adapters/locale/locale_adapter.h"
 #include "base/calendar.h"
@@ -23,14 +24,9 @@ protected:
         Platform::Current().locale = MakeLocale();
         inside = std::make_shared<fakes::ReportRecord>();
         platform.runtime->prepare = [this](fakes::FakeReport& report) {
-            for (const char* name :
-                 {"AccountSection1", "AccountSection2", "AccountSection3", "AccountSection4"}) {
-                sections[name] = std::make_shared<fakes::FakeSection>(name);
-                report.sections.push_back(sections[name]);
-            }
-            auto object = std::make_shared<fakes::FakeReportObject>("rptFrom");
-            object->subreport = std::make_shared<fakes::FakeReport>(inside);
-            report.objects["rptFrom"] = object;
+            GiveAccountParts(report, inside);
+            for (const auto& section : report.sections)
+                sections[section->name] = section;
         };
     }
 

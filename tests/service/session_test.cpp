@@ -211,32 +211,16 @@ TEST_F(ServiceTest, EditAccountWithoutADatabaseDoesNothing) {
     EXPECT_THAT(platform.messages->boxes, IsEmpty());
 }
 
-struct LaterRow {
-    const char* member;
-    std::function<void(VantlowCls&)> call;
-};
-
-class LaterMembers : public ServiceTest, public ::testing::WithParamInterface<LaterRow> {};
-
-TEST_P(LaterMembers, SayThatTheyAreNotThereYet) {
-    for (const BoxAnswer answer : {Cancel, Retry}) {
-        platform.messages->usual = answer;
-        platform.messages->boxes.clear();
-        GiveDatabase();
-        GetParam().call(cls);
-        EXPECT_THAT(platform.messages->boxes,
-                    ElementsAre(ShownBox{std::string(GetParam().member) +
-                                             " is not there yet in this version of qbrpt.",
-                                         21, "qbrpt"}));
-        EXPECT_THAT(db->opened, IsEmpty());
-    }
+TEST_F(ServiceTest, EditAccountShowsTheAccountsOfItsDatabase) {
+    GiveDatabase();
+    db->Answer("AS total", {});
+    db->Answer("SELECT * FROM account_src", {});
+    cls.EditAccount();
+    EXPECT_THAT(platform.messages->boxes, IsEmpty());
+    EXPECT_EQ(platform.forms->built, 1);
+    EXPECT_THAT(Statements(),
+                ElementsAre(testing::HasSubstr("RIGHT JOIN account_src"), "SELECT * FROM account_src"));
 }
-
-INSTANTIATE_TEST_SUITE_P(Rows, LaterMembers,
-                         ::testing::Values(LaterRow{"PrintMembersInfo",
-                                                    [](VantlowCls& c) { c.PrintMembersInfo(); }},
-                                           LaterRow{"EditAccount", [](VantlowCls& c) { c.EditAccount(); }}),
-                         [](const auto& row) { return row.param.member; });
 
 } // namespace
 } // namespace qbrpt
