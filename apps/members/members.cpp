@@ -237,7 +237,7 @@ std::vector<Member> PreviewMembers() {
          CallOf(&VantlowCls::PrintPrintLog)},
         {"EditAccount",
          {"The window of the general accounts", "نافذة الحسابات العامة"},
-         Outcome::Nothing,
+         Outcome::Window,
          {},
          CallOf(&VantlowCls::EditAccount)},
     };

@@ -45,7 +45,8 @@ struct MemberArgument {
 enum class Outcome : std::uint8_t {
     Report, ///< a report, or nothing where there are no rows
     Nothing,
-    Answer ///< a value
+    Window, ///< one that the user has seen
+    Answer  ///< a value
 };
 
 struct Member {

@@ -10,6 +10,7 @@
 #include "interrupt.h"
 #include "printer_choice.h"
 #include "progress_line.h"
+#include "support/error_trap.h"
 
 #include <filesystem>
 #include <iostream>
@@ -86,11 +87,10 @@ public:
             throw WrongUse("--layouts: there is no folder \"" + *mCall.layoutsFolder + "\".");
         InstallPlatform();
         if (mCall.destination == Destination::Printer) ChoosePrinter(mCall.print, *mPrinters);
-        {
-            VantlowCls object;
-            object.SetMainTitle(mCall.title, mCall.addr1, mCall.addr2);
-            if (OpenDatabase(object)) Call(object);
-        }
+        if (mCall.ledger != nullptr)
+            PrintLedger();
+        else
+            CallMember();
         mLine.Wipe();
         return Status();
     }
@@ -133,6 +133,7 @@ private:
         parts.layoutsFolder = mCall.layoutsFolder;
         if (!mCall.traceFile.empty()) parts.trace = std::make_shared<TraceWriter>(mCall.traceFile);
         auto platform = MakeRealPlatform(std::move(parts));
+        if (mCall.choice) AnswerMembersWindow(*platform, *mCall.choice);
         platform->observers.Add(std::make_shared<InterruptObserver>());
         platform->observers.Add(std::make_shared<ProgressObserver>(mLine));
         platform->observers.Add(mSeen);
@@ -157,9 +158,27 @@ private:
         std::cerr << "qbrpt: " << file.string() << std::endl;
     }
 
+    void CallMember() {
+        VantlowCls object;
+        object.SetMainTitle(mCall.title, mCall.addr1, mCall.addr2);
+        if (OpenDatabase(object)) Call(object);
+    }
+
+    void PrintLedger() const {
+        if (!HasDatabase()) return;
+        Ref<DAO::Database> db;
+        ErrorTrap trap(ErrorTrap::BoxWithRetry);
+        trap.Step([&] {
+            db = Platform::Current().engine->OpenDatabase(mCall.database, false, false, mCall.connect);
+        });
+        if (!db.Empty()) mCall.ledger->print(db, mCall.arguments);
+    }
+
+    [[nodiscard]] bool HasDatabase() const { return !mCall.database.empty() || !mCall.connect.empty(); }
+
     /// False when there should be a database and the user has given up on it.
     bool OpenDatabase(VantlowCls& object) const {
-        if (mCall.database.empty() && mCall.connect.empty()) return true;
+        if (!HasDatabase()) return true;
         return object.SetDbInfo(mCall.database, mCall.connect) != 0;
     }
 
@@ -177,11 +196,11 @@ private:
     [[nodiscard]] int Status() const {
         if (const int signal = InterruptSignal(); signal != 0) return Interrupted + signal;
         if (mSeen->Error()) return ErrorShown;
-        if (mCall.member->outcome != Outcome::Report) return ReportMade;
+        const Outcome outcome = mCall.member->outcome;
+        if (outcome != Outcome::Report && outcome != Outcome::Window) return ReportMade;
         if (mMade || mSeen->Window() || (mFiles && mFiles->Written())) return ReportMade;
-        std::cerr << (mCall.database.empty() && mCall.connect.empty()
-                          ? "qbrpt: nothing was made: no database was given (--db).\n"
-                          : "qbrpt: no rows, nothing was made.\n");
+        std::cerr << (HasDatabase() ? "qbrpt: no rows, nothing was made.\n"
+                                    : "qbrpt: nothing was made: no database was given (--db).\n");
         return NothingMade;
     }
 

@@ -24,6 +24,7 @@ struct Typed {
     OutputFiles files;
     TypedPrint print;
     bool preview = false;
+    TypedMembersChoice choice;
     std::string onError;
 };
 
@@ -81,6 +82,17 @@ Destination DestinationOf(const MemberCall& call, const Typed& typed) {
     return typed.preview ? Destination::Preview : Destination::AsCalled;
 }
 
+/// What a member that asks the user is answered.
+void CompleteChoice(MemberCall& call, const CLI::App& command, const Typed& typed) {
+    call.choice = ReadMembersChoice(command, typed.choice);
+    const bool given = !std::get<std::string>(call.arguments.at(0)).empty();
+    if (given && call.choice) throw WrongUse("--choose takes the place of the condition: give one of them.");
+    if (!given && !call.choice && call.destination != Destination::Preview)
+        throw WrongUse(call.member->name +
+                       " asks in a window which subscriptions are meant: answer with --choose, give a "
+                       "condition, or see the window with --preview.");
+}
+
 /// Turns the texts of a parsed member call into the call.
 void Complete(MemberCall& call, const CLI::App& command, Typed& typed) {
     std::size_t given = 0;
@@ -99,6 +111,12 @@ void Complete(MemberCall& call, const CLI::App& command, Typed& typed) {
     call.files = typed.files;
     call.print = ReadPrintOptions(command, typed.print);
     call.destination = DestinationOf(call, typed);
+    if (AsksForMembers(*call.member)) CompleteChoice(call, command, typed);
+    if (call.member->outcome == Outcome::Window) {
+        if (call.destination == Destination::Files || call.destination == Destination::Printer)
+            throw WrongUse(call.member->name + " opens a window and makes no report.");
+        call.destination = Destination::Preview;
+    }
 }
 
 void AddSample(CLI::App& application, sample::SampleOptions& options) {
@@ -155,15 +173,23 @@ Request ReadCommandLine(int count, const char* const* words) {
     MemberCall call;
     std::map<const CLI::App*, Typed> typed;
     std::map<const CLI::App*, const Member*> members;
-    for (const Member& member : Members()) {
-        if (!CanBeTyped(member)) continue;
+    const auto addMember = [&](const Member& member) {
         CLI::App* command = application.add_subcommand(member.name, member.help.english);
         members[command] = &member;
         AddArguments(*command, member, typed[command]);
         AddOptions(*command, call, typed[command]);
         command->footer(member.more.english.empty() ? std::string{ExitHelp}
                                                     : member.more.english + "\n\n" + std::string{ExitHelp});
-    }
+        if (AsksForMembers(member)) AddMembersChoice(*command, typed[command].choice);
+        return command;
+    };
+    for (const Member& member : Members())
+        if (CanBeTyped(member)) addMember(member);
+    std::map<const CLI::App*, const LedgerReport*> ledger;
+    for (const LedgerReport& report : LedgerReports())
+        ledger[addMember(report.member)] = &report;
+    AccountsCall accountsCall;
+    AddAccounts(application, accountsCall);
     try {
         application.parse(count, words);
     } catch (const CLI::CallForHelp&) {
@@ -176,8 +202,10 @@ Request ReadCommandLine(int count, const char* const* words) {
     const CLI::App* chosen = application.get_subcommands().front();
     if (chosen->get_name() == "layouts") return layoutsCall;
     if (chosen->get_name() == "printers") return printersCall;
+    if (chosen->get_name() == "accounts") return accountsCall;
     if (!members.contains(chosen)) return sampleOptions;
     call.member = members.at(chosen);
+    if (const auto report = ledger.find(chosen); report != ledger.end()) call.ledger = report->second;
     Complete(call, *chosen, typed.at(chosen));
     return call;
 }

@@ -1,8 +1,10 @@
 // What was asked for on the command line.
 #pragma once
 
+#include "account_commands.h"
 #include "arguments.h"
 #include "layout_commands.h"
+#include "members_choice.h"
 #include "output_files.h"
 #include "platform/desktop.h"
 #include "print_options.h"
@@ -26,7 +28,9 @@ enum class Destination : std::uint8_t {
 
 struct MemberCall {
     const Member* member = nullptr;
+    const LedgerReport* ledger = nullptr; ///< where the member is that of a report on the accounts
     std::vector<Argument> arguments;
+    std::optional<MembersChoice> choice; ///< the window that asks is answered so
     std::string database;
     std::string connect;
     std::string title;
@@ -45,7 +49,8 @@ struct Information {
     std::string text;
 };
 
-using Request = std::variant<MemberCall, sample::SampleOptions, LayoutsCall, PrintersCall, Information>;
+using Request =
+    std::variant<MemberCall, sample::SampleOptions, LayoutsCall, PrintersCall, AccountsCall, Information>;
 
 /// Reads the command line; raises WrongUse, with words for the user.
 [[nodiscard]] Request ReadCommandLine(int count, const char* const* words);

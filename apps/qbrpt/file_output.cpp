@@ -2,9 +2,29 @@
 
 #include "interrupt.h"
 
+#include <filesystem>
 #include <utility>
 
 namespace qbrpt::cli {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string BesideOf(const std::string& table, const std::string& subreport) {
+    constexpr std::string_view ending = ".csv";
+    const std::size_t stem = table.ends_with(ending) ? table.size() - ending.size() : table.size();
+    return table.substr(0, stem) + "." + subreport + std::string(ending);
+}
+
+/// Beside a pipe or a device there is no place for further files.
+bool IsFile(const std::string& name) {
+    std::error_code none;
+    const fs::file_status status = fs::status(name, none);
+    return !fs::exists(status) || fs::is_regular_file(status);
+}
+
+} // namespace
 
 AtomicFile& FileOutput::Target::Open() {
     if (!file) file = std::make_unique<AtomicFile>(name);
@@ -40,13 +60,31 @@ void FileOutput::Fill(Target& target, ReportOutput& report, const PageRange& pag
     }
 }
 
+std::vector<std::unique_ptr<AtomicFile>> FileOutput::FillSubreports(ReportOutput& report) const {
+    std::vector<std::unique_ptr<AtomicFile>> files;
+    for (const Target& target : mTargets) {
+        if (target.kind != OutputKind::Csv || !IsFile(target.name)) continue;
+        for (const std::string& name : report.Subreports()) {
+            files.push_back(std::make_unique<AtomicFile>(BesideOf(target.name, name)));
+            InterruptibleSink sink(*files.back());
+            report.WriteSubreport(name, sink, mRows);
+        }
+    }
+    return files;
+}
+
 void FileOutput::Write(ReportOutput& report, const PageRange& pages) {
     for (Target& target : mTargets)
         Fill(target, report, pages);
+    const auto inside = FillSubreports(report);
     for (Target& target : mTargets)
         target.file->Settle();
+    for (const auto& file : inside)
+        file->Settle();
     for (Target& target : mTargets)
         std::exchange(target.file, nullptr)->Commit();
+    for (const auto& file : inside)
+        file->Commit();
     mWritten = true;
 }
 

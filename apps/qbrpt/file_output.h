@@ -35,6 +35,8 @@ private:
         AtomicFile& Open();
     };
     void Fill(Target& target, ReportOutput& report, const PageRange& pages) const;
+    /// The tables of the reports inside, beside the report's own: NAME.rptFrom.csv for NAME.csv.
+    [[nodiscard]] std::vector<std::unique_ptr<AtomicFile>> FillSubreports(ReportOutput& report) const;
 
     std::vector<Target> mTargets;
     PageProgress mPages;

@@ -19,6 +19,8 @@ int Answer(const Request& request) {
             } else if constexpr (std::is_same_v<Asked, Information>) {
                 std::cout << asked.text << std::flush;
                 return std::cout ? ReportMade : ErrorShown;
+            } else if constexpr (std::is_same_v<Asked, AccountsCall>) {
+                return RunAccounts(asked);
             } else if constexpr (std::is_same_v<Asked, LayoutsCall>) {
                 return RunLayouts(asked);
             } else if constexpr (std::is_same_v<Asked, PrintersCall>) {

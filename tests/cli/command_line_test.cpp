@@ -126,7 +126,7 @@ TEST(CommandLine, PagesAreReadOrRefused) {
 TEST(CommandLine, TextsAreTakenAsTheyStand) {
     EXPECT_THAT(Call({"PrintPPInfo", "SELECT  'a b' ", ""}).arguments,
                 ElementsAre(Argument{std::string{"SELECT  'a b' "}}, Argument{std::string{}}));
-    EXPECT_THAT(Call({"PrintMembersInfo"}).arguments, ElementsAre(Argument{std::string{}}));
+    EXPECT_THAT(Call({"PrintMembersInfo", "--preview"}).arguments, ElementsAre(Argument{std::string{}}));
     EXPECT_THAT(Call({"PrintMembersInfo", "[a]=1,(2)"}).arguments,
                 ElementsAre(Argument{std::string{"[a]=1,(2)"}}));
 }

@@ -151,14 +151,6 @@ TEST(Program, AStatementThatFailsIsOneBoxOrTwoWithRetry) {
     EXPECT_EQ(bySetting.err, retried.err);
 }
 
-TEST(Program, MembersToComeSayOnlyThat) {
-    const Cafe cafe;
-    const ProgramResult result =
-        Qbrpt({"PrintMembersInfo", "--db", cafe.Database(), "--pdf", cafe.File("a.pdf")});
-    EXPECT_EQ(result.status, 1);
-    EXPECT_THAT(result.err, HasSubstr("PrintMembersInfo is not there yet"));
-}
-
 TEST(Program, PrintingGoesToTheFolderOfThePdfPrinter) {
     const Cafe cafe;
     for (const std::vector<std::string>& words :

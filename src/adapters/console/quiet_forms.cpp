@@ -1,5 +1,8 @@
 #include "adapters/console/quiet_forms.h"
 
+#include "adapters/console/quiet_controls.h"
+
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -55,7 +58,8 @@ private:
 
 class QuietForm final : public Form {
 public:
-    QuietForm(FormEvents& events, ReportTaker taker) : mEvents(events), mTaker(std::move(taker)) {}
+    QuietForm(const FormTable& table, FormEvents& events, ReportTaker taker, FormAnswer answer)
+        : mEvents(events), mTaker(std::move(taker)), mAnswer(std::move(answer)), mControls(table) {}
 
 private:
     WindowHandle DohWnd() override { return 0; }
@@ -68,6 +72,7 @@ private:
     bool DoVisible() override { return false; }
     void DoMove(std::int32_t, std::int32_t) override {}
     void DoShowModal() override {
+        if (mAnswer) return mAnswer(*this, mEvents);
         mTaker(mViewer->Source());
         DoUnload();
     }
@@ -78,13 +83,12 @@ private:
     Ref<MenuItem> DoMenu(const std::string&) override { return mMenuItem; }
     Ref<Toolbar> DoToolbarOf(const std::string&) override { return mToolbar; }
     Ref<CRViewer> DoViewer(const std::string&) override { return mViewer; }
-    Ref<Control> DoControl(const std::string& name) override {
-        throw Failure(FailureNumber::NotInCollection,
-                      "Without windows there is no control \"" + name + "\".");
-    }
+    Ref<Control> DoControl(const std::string& name) override { return mControls.Get(name); }
 
     FormEvents& mEvents;
     ReportTaker mTaker;
+    FormAnswer mAnswer;
+    QuietControls mControls;
     bool mGone = false;
     std::shared_ptr<QuietMenuItem> mMenuItem = std::make_shared<QuietMenuItem>();
     std::shared_ptr<QuietToolbar> mToolbar = std::make_shared<QuietToolbar>();
@@ -95,8 +99,22 @@ private:
 
 QuietForms::QuietForms(ReportTaker taker) : mTaker(std::move(taker)) {}
 
-Ref<Form> QuietForms::DoLoad(const FormTable&, FormEvents& events) {
-    return std::make_shared<QuietForm>(events, mTaker);
+Ref<Form> QuietForms::DoLoad(const FormTable& table, FormEvents& events) {
+    const bool showsReports =
+        std::any_of(table.controls.begin(), table.controls.end(),
+                    [](const ControlRow& row) { return row.kind == ControlKind::Viewer; });
+    if (!showsReports)
+        throw Failure(FailureNumber::Device, "The window \"" + std::string(table.caption) +
+                                                 "\" cannot be shown: there is no display for it.");
+    return std::make_shared<QuietForm>(table, events, mTaker, nullptr);
+}
+
+AnsweredForms::AnsweredForms(Ref<Forms> others, std::string name, FormAnswer answer)
+    : mOthers(std::move(others)), mName(std::move(name)), mAnswer(std::move(answer)) {}
+
+Ref<Form> AnsweredForms::DoLoad(const FormTable& table, FormEvents& events) {
+    if (table.name != mName) return mOthers->Load(table, events);
+    return std::make_shared<QuietForm>(table, events, nullptr, mAnswer);
 }
 
 } // namespace qbrpt

@@ -11,4 +11,8 @@ ReportOutput& OutputOf(const Ref<CrystalRuntime::Report>& report) {
     return *output;
 }
 
+void ReportOutput::WriteSubreport(const std::string& name, ByteSink&, const TableProgress&) {
+    throw Failure(FailureNumber::NotInCollection, "There is no report \"" + name + "\" inside this one.");
+}
+
 } // namespace qbrpt

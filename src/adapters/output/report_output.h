@@ -11,6 +11,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace qbrpt {
 
@@ -43,6 +44,10 @@ public:
     virtual void WritePdf(ByteSink& sink, const PageRange& range, const PageProgress& progress) = 0;
     /// The rows as a table; `progress` is called with the rows done.
     virtual void WriteTable(TableKind kind, ByteSink& sink, const TableProgress& progress) = 0;
+    /// The names of the reports inside, whose rows a CSV table of the report itself leaves out.
+    [[nodiscard]] virtual std::vector<std::string> Subreports() { return {}; }
+    /// The rows of one of them as a CSV table; the head alone where it has none.
+    virtual void WriteSubreport(const std::string& name, ByteSink& sink, const TableProgress& progress);
 };
 
 /// The output side of a report; a report that has none is a Failure.

@@ -106,6 +106,18 @@ void LiveReport::WriteTable(TableKind kind, ByteSink& sink, const TableProgress&
     }
 }
 
+std::vector<std::string> LiveReport::Subreports() {
+    std::vector<std::string> names;
+    for (const auto& [name, definition] : mState->definition.subreports)
+        names.push_back(name);
+    return names;
+}
+
+void LiveReport::WriteSubreport(const std::string& name, ByteSink& sink, const TableProgress& progress) {
+    static_cast<void>(OpenSubreport(name));
+    mSubreports.at(name)->WriteTable(TableKind::Csv, sink, progress);
+}
+
 void LiveReport::WarnOfMissingGlyphs() const {
     if (!mServices->missingGlyphs) return;
     const std::vector<std::string> missing = mServices->missingGlyphs();

@@ -33,6 +33,8 @@ public:
     [[nodiscard]] std::string Device() override;
     void WritePdf(ByteSink& sink, const PageRange& range, const PageProgress& progress) override;
     void WriteTable(TableKind kind, ByteSink& sink, const TableProgress& progress) override;
+    [[nodiscard]] std::vector<std::string> Subreports() override;
+    void WriteSubreport(const std::string& name, ByteSink& sink, const TableProgress& progress) override;
 
 private:
     void DoSetDataSource(const Ref<DAO::Recordset>& data, int dataTag) override;
