@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <chrono>
+#include <csignal>
+#include <thread>
 
 namespace qbrpt::test {
 namespace {
@@ -100,6 +102,21 @@ TEST_F(CommandPrinting, ARefusingPrinterIsAnErrorInTheServicesWords) {
     const ProgramResult result = Usage({"--print", "--printer", "folder"});
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.err, HasSubstr("not accepting jobs"));
+}
+
+TEST_F(CommandPrinting, AnInterruptLeavesNothingInTheQueue) {
+    const Cafe large(400, 250);
+    ChildProcess printing(
+        CommandOf({"PrintUsage", "0", "0", "0", "--db", large.Database(), "--print", "--printer", "folder"}));
+    while (printing.Running() && service.JobsUnderWay() == 0)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    printing.Signal(SIGINT);
+    EXPECT_EQ(printing.Wait().status, 128 + SIGINT);
+    for (int i = 0; i < 500 && service.JobsUnderWay() > 0; ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_EQ(service.JobsUnderWay(), 0U);
+    EXPECT_EQ(service.PrintedCount("folder"), 0U);
+    EXPECT_EQ(service.Documents(), 0U);
 }
 
 TEST_F(CommandPrinting, PrintersAreListed) {

@@ -145,6 +145,9 @@ TEST(Html, PaperIsThatOfTheReport) {
     EXPECT_THAT(HtmlOf(job), HasSubstr("size:210.0mm 297.0mm"));
     job.landscape = true;
     EXPECT_THAT(HtmlOf(job), HasSubstr("size:297.0mm 210.0mm"));
+    job.paperSize = 300; // of the printer's own
+    job.ownSheet = PaperExtent{5669, 11339};
+    EXPECT_THAT(HtmlOf(job), HasSubstr("size:200.0mm 100.0mm"));
 }
 
 struct Words {

@@ -97,6 +97,8 @@ TEST(Xlsx, PaperIsThatOfTheReport) {
     job.landscape = true;
     job.paperSize = 8;
     EXPECT_THAT(SheetOf(job), Contains(HasSubstr(" landscape paper=8 ")));
+    job.paperSize = 265; // of the printer's own: the reader's printer chooses
+    EXPECT_THAT(SheetOf(job), Contains(HasSubstr(" landscape paper=None ")));
 }
 
 TEST(Xlsx, NeighboursShareTheCaptionOfTheirTier) {
