@@ -97,11 +97,11 @@ constexpr std::array Controls = {
     Words(Kind::OptionButton, "rptOpt(1)", "Frame1", "فقط الخاصة بحساب", {.row = 1}, 13),
     Field(Kind::ComboBox, "comboAcc", "Frame1", {.row = 1, .column = 1, .stretch = true}, 14),
     Words(Kind::Frame, "Frame2", Reports, "الفترة الزمنية للتقرير", {.row = 1, .stretch = true}),
-    Words(Kind::CheckBox, "chkAll", "Frame2", "الكل", {.row = 0, .columns = 2}, 15),
+    Words(Kind::CheckBox, "chkAll", "Frame2", "الكل", {.row = 0, .columns = 4}, 15),
     Words(Kind::Label, "Label8", "Frame2", "من", {.row = 1}),
-    Picker("dtMin", "Frame2", PeriodFormat, {.row = 1, .column = 1}, 16),
-    Words(Kind::Label, "Label9", "Frame2", "إلى", {.row = 2}),
-    Picker("dtMax", "Frame2", PeriodFormat, {.row = 2, .column = 1}, 17),
+    Picker("dtMin", "Frame2", PeriodFormat, {.row = 1, .column = 1, .stretch = true}, 16),
+    Words(Kind::Label, "Label9", "Frame2", "إلى", {.row = 1, .column = 2}),
+    Picker("dtMax", "Frame2", PeriodFormat, {.row = 1, .column = 3, .stretch = true}, 17),
     Words(Kind::CommandButton, "cmdPrint", Reports, "طباعة", {.row = 2}, 18),
 };
 
