@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/console/console_boxes.h"
+#include "adapters/gdi/raster_gdi.h"
 #include "adapters/qt/boxes.h"
 #include "adapters/qt/form.h"
 #include "adapters/qt/form_window.h"
@@ -35,9 +36,11 @@ public:
         platform.windows = std::make_shared<qt::QtWindows>();
         platform.tree = std::make_shared<qt::QtTree>(platform.windows);
         platform.screen = std::make_shared<qt::QtScreen>();
+        platform.gdi = drawing;
         platform.messages = std::make_shared<qt::QtBoxes>(console, BoxAnswer::Cancel);
     }
 
+    std::shared_ptr<gdi::RasterGdi> drawing = std::make_shared<gdi::RasterGdi>();
     std::ostringstream console; ///< boxes that found no display
 
 private:

@@ -83,8 +83,24 @@ void ContainerGrids::Place(QWidget& container, QWidget& widget, const ControlRow
     }
 }
 
+/// Buttons one above the other are as wide as the widest; where fields fill the column they keep their size.
+void ContainerGrids::WidenButtons(QGridLayout& grid) {
+    for (int index = 0; index < grid.count(); ++index) {
+        QWidget* button = qobject_cast<QPushButton*>(grid.itemAt(index)->widget());
+        int row = 0;
+        int column = 0;
+        int rows = 0;
+        int columns = 0;
+        grid.getItemPosition(index, &row, &column, &rows, &columns);
+        if (button == nullptr || columns > 1 || grid.columnStretch(column) > 0) continue;
+        button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+        grid.setAlignment(button, Qt::AlignBottom);
+    }
+}
+
 void ContainerGrids::Finish() {
     for (auto& [container, filled] : mGrids) {
+        WidenButtons(*filled.grid);
         if (filled.canGrow) continue;
         // Buttons of the last row stand at its lower end.
         filled.grid->setRowStretch(filled.lastRow, 1);

@@ -26,6 +26,7 @@ private:
         bool canGrow = false; ///< downwards
     };
     [[nodiscard]] Filled& GridOf(QWidget& container);
+    static void WidenButtons(QGridLayout& grid);
 
     std::map<QWidget*, Filled> mGrids;
     std::set<const QWidget*> mPlaced;

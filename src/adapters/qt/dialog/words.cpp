@@ -81,6 +81,17 @@ void FrameBox::paintEvent(QPaintEvent*) {
     DrawCaption(painter, room, CaptionPlace::Middle, layoutDirection(), title());
 }
 
+// Qt's own frame leaves room for a caption that stands elsewhere in ours; the grid inside knows its own.
+void FrameBox::changeEvent(QEvent* event) {
+    QGroupBox::changeEvent(event);
+    setContentsMargins(0, 0, 0, 0);
+}
+
+void FrameBox::resizeEvent(QResizeEvent* event) {
+    QGroupBox::resizeEvent(event);
+    setContentsMargins(0, 0, 0, 0);
+}
+
 BuiltWords BuildLabel(QWidget& parent, const ControlRow& row) {
     auto* label = new WordsLabel(&parent);
     if (row.caption.empty()) label->TakeAnyLength();

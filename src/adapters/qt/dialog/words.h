@@ -32,6 +32,8 @@ public:
 
 private:
     void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 };
 
 struct BuiltWords {
