@@ -16,13 +16,17 @@ namespace {
 constexpr int FieldGap = 8;
 constexpr int DigitPadding = 2 * DialogMeasure::FieldPadding + 4;
 
+/// What is to be free at the edges of a container, beside what its frame keeps free by itself.
 QMargins MarginsOf(const QWidget& container, bool hasPlace) {
-    constexpr int inner = DialogMeasure::FrameInner;
-    if (qobject_cast<const QGroupBox*>(&container) != nullptr)
-        return {inner, inner + container.fontMetrics().height() / 2 + 2, inner, inner};
     if (hasPlace) return {}; // it stands apart from others by its place
     constexpr int padding = DialogMeasure::Padding;
-    return {padding, padding, padding, padding};
+    if (qobject_cast<const QGroupBox*>(&container) == nullptr) return {padding, padding, padding, padding};
+    constexpr int inner = DialogMeasure::FrameInner;
+    const int caption = container.fontMetrics().height() / 2;
+    const QMargins own = container.contentsMargins();
+    const auto beside = [](int wanted, int kept) { return std::max(0, wanted - kept); };
+    return {beside(inner, own.left()), beside(inner + caption, own.top()), beside(inner, own.right()),
+            beside(inner, own.bottom())};
 }
 
 /// Buttons stand at the far side of their cell, words and marks at the near one; fields fill it.
