@@ -61,10 +61,9 @@ ControlEvents QtForm::Heard() {
 }
 
 void QtForm::FitToControls(const FormTable& table) {
-    QSize size(Pixels(table.clientWidth), Pixels(table.clientHeight));
     if (table.designedRightToLeft) DoSetRightToLeft(true);
-    if (mControls->OfDialog().Any()) size = size.expandedTo(mControls->OfDialog().LeastSize());
-    mWindow->SetClientSize(size);
+    mWindow->SetClientSize(
+        mControls->OfDialog().Fit({Pixels(table.clientWidth), Pixels(table.clientHeight)}));
     mControls->OfDialog().Settle();
 }
 

@@ -5,9 +5,11 @@
 
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QGroupBox>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 
 #include <algorithm>
+#include <array>
 
 namespace qbrpt::qt {
 
@@ -16,17 +18,25 @@ namespace {
 constexpr int FieldGap = 8;
 constexpr int DigitPadding = 2 * DialogMeasure::FieldPadding + 4;
 
-/// What is to be free at the edges of a container, beside what its frame keeps free by itself.
-QMargins MarginsOf(const QWidget& container, bool hasPlace) {
-    if (hasPlace) return {}; // it stands apart from others by its place
-    constexpr int padding = DialogMeasure::Padding;
-    if (qobject_cast<const QGroupBox*>(&container) == nullptr) return {padding, padding, padding, padding};
+/// Room between and around, in pixels; a window that has been given little takes less and less.
+struct Spacing {
+    int blocks;  ///< between the rows of windows and panels
+    int lines;   ///< between the rows of a frame
+    int padding; ///< above and below the rows of a window
+    int inner;   ///< above and below the rows of a frame
+};
+constexpr std::array Spacings = {
+    Spacing{DialogMeasure::BlockGap, FieldGap, DialogMeasure::Padding, DialogMeasure::FrameInner},
+    Spacing{12, 6, 13, 11}, Spacing{10, 4, 12, 9}, Spacing{8, 2, 10, 7}, Spacing{6, 1, 9, 6}};
+
+/// What is to be free at the edges of a container.
+QMargins MarginsOf(const QWidget& container, const Spacing& spacing) {
+    constexpr int side = DialogMeasure::Padding;
+    if (qobject_cast<const QGroupBox*>(&container) == nullptr)
+        return {side, spacing.padding, side, spacing.padding};
     constexpr int inner = DialogMeasure::FrameInner;
     const int caption = container.fontMetrics().height() / 2;
-    const QMargins own = container.contentsMargins();
-    const auto beside = [](int wanted, int kept) { return std::max(0, wanted - kept); };
-    return {beside(inner, own.left()), beside(inner + caption, own.top()), beside(inner, own.right()),
-            beside(inner, own.bottom())};
+    return {inner, spacing.inner + caption, inner, spacing.inner};
 }
 
 /// Buttons stand at the far side of their cell, words and marks at the near one; fields fill it.
@@ -45,17 +55,57 @@ bool GrowsDown(const QWidget& widget) {
     return (widget.sizePolicy().verticalPolicy() & QSizePolicy::ExpandFlag) != 0;
 }
 
+/// Where nothing else grows: buttons of the last row stand at its lower end, other rows at the top.
+void LetLastRowGrow(QGridLayout& grid, int lastRow) {
+    int growing = lastRow;
+    for (int column = 0; column < grid.columnCount(); ++column) {
+        const QLayoutItem* item = grid.itemAtPosition(lastRow, column);
+        if (item != nullptr && qobject_cast<QPushButton*>(item->widget()) == nullptr) growing = lastRow + 1;
+    }
+    grid.setRowStretch(growing, 1);
+}
+
+/// Words beside something high stand at its first line.
+void RaiseWords(QGridLayout& grid) {
+    constexpr int firstLine = 4;
+    for (int row = 0; row < grid.rowCount(); ++row) {
+        if (grid.rowStretch(row) == 0) continue;
+        for (int column = 0; column < grid.columnCount(); ++column) {
+            const QLayoutItem* item = grid.itemAtPosition(row, column);
+            auto* words = item == nullptr ? nullptr : qobject_cast<QLabel*>(item->widget());
+            if (words == nullptr) continue;
+            words->setContentsMargins(0, firstLine, 0, 0);
+            grid.setAlignment(words, Qt::AlignLeading | Qt::AlignTop);
+        }
+    }
+}
+
 } // namespace
+
+void ContainerGrids::SpaceOut(QWidget& container, Filled& filled) const {
+    const Spacing& spacing = Spacings[mTightness];
+    // A panel with a place of its own stands apart by that.
+    filled.grid->setContentsMargins(mPlaced.contains(&container) ? QMargins()
+                                                                 : MarginsOf(container, spacing));
+    filled.grid->setHorizontalSpacing(FieldGap);
+    const bool inFrame = qobject_cast<const QGroupBox*>(&container) != nullptr;
+    filled.grid->setVerticalSpacing(inFrame ? spacing.lines : spacing.blocks);
+}
 
 ContainerGrids::Filled& ContainerGrids::GridOf(QWidget& container) {
     Filled& filled = mGrids[&container];
     if (filled.grid != nullptr) return filled;
     filled.grid = new QGridLayout(&container);
-    filled.grid->setContentsMargins(MarginsOf(container, mPlaced.contains(&container)));
-    filled.grid->setHorizontalSpacing(FieldGap);
-    const bool inFrame = qobject_cast<const QGroupBox*>(&container) != nullptr;
-    filled.grid->setVerticalSpacing(inFrame ? FieldGap : DialogMeasure::BlockGap);
+    SpaceOut(container, filled);
     return filled;
+}
+
+bool ContainerGrids::Tighten() {
+    if (mTightness + 1 == Spacings.size()) return false;
+    ++mTightness;
+    for (auto& [container, filled] : mGrids)
+        SpaceOut(*container, filled);
+    return true;
 }
 
 void ContainerGrids::Place(QWidget& container, QWidget& widget, const ControlRow& row) {
@@ -81,6 +131,8 @@ void ContainerGrids::Place(QWidget& container, QWidget& widget, const ControlRow
     filled.grid->addWidget(&widget, row.cell.row, row.cell.column, rows, columns, alignment);
     filled.lastRow = std::max(filled.lastRow, row.cell.row + rows - 1);
     if (row.cell.stretch && columns == 1) filled.grid->setColumnStretch(row.cell.column, 1);
+    const bool widens = (widget.sizePolicy().horizontalPolicy() & QSizePolicy::ExpandFlag) != 0;
+    if (row.widthInDigits == 0 && (widens || row.cell.stretch)) filled.canWiden = true;
     if (GrowsDown(widget)) {
         filled.canGrow = true;
         filled.grid->setRowStretch(row.cell.row, 1);
@@ -105,17 +157,11 @@ void ContainerGrids::WidenButtons(QGridLayout& grid) {
 void ContainerGrids::Finish() {
     for (auto& [container, filled] : mGrids) {
         WidenButtons(*filled.grid);
-        if (filled.canGrow) continue;
-        // Buttons of the last row stand at its lower end.
-        filled.grid->setRowStretch(filled.lastRow, 1);
-        for (int column = 0; column < filled.grid->columnCount(); ++column) {
-            const QLayoutItem* item = filled.grid->itemAtPosition(filled.lastRow, column);
-            const bool isButton = item != nullptr && qobject_cast<QPushButton*>(item->widget()) != nullptr;
-            if (item == nullptr || isButton) continue;
-            filled.grid->setRowStretch(filled.lastRow, 0);
-            filled.grid->setRowStretch(filled.lastRow + 1, 1);
-            break;
-        }
+        if (!filled.canWiden) filled.grid->setColumnStretch(filled.grid->columnCount(), 1);
+        if (filled.canGrow)
+            RaiseWords(*filled.grid);
+        else
+            LetLastRowGrow(*filled.grid, filled.lastRow);
     }
 }
 

@@ -166,6 +166,12 @@ QSize DialogControls::LeastSize() const {
     return mClient.layout() == nullptr ? QSize() : mClient.layout()->totalMinimumSize();
 }
 
+QSize DialogControls::Fit(const QSize& given) {
+    if (mBuilt.empty()) return given;
+    while (!given.isEmpty() && LeastSize().height() > given.height() && mGrids.Tighten()) {}
+    return given.expandedTo(LeastSize());
+}
+
 void DialogControls::Settle() {
     qt::Settle(mClient);
     FitPanels();

@@ -35,10 +35,10 @@ public:
     /// Null where there is none of this name.
     [[nodiscard]] Ref<Control> Find(const std::string& name) const;
     [[nodiscard]] QWidget* WidgetOf(const std::string& name) const;
-    [[nodiscard]] bool Any() const { return !mBuilt.empty(); }
 
-    /// What all controls need; it can be more than the form has been given.
-    [[nodiscard]] QSize LeastSize() const;
+    /// The size that the form is given, or what all controls need where that is more. They come nearer to
+    /// each other before they need more.
+    [[nodiscard]] QSize Fit(const QSize& given);
     /// Gives all their places. Panels without a place of their own fill the tab strip beside them.
     void Settle();
     void FocusFirst();
@@ -51,6 +51,7 @@ private:
         QWidget* widget = nullptr;
         Ref<Control> port;
     };
+    [[nodiscard]] QSize LeastSize() const;
     [[nodiscard]] Built Make(QWidget& parent, const ControlRow& row) const;
     void NameFields();
     void OrderTabKey();

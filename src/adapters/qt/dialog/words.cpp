@@ -62,6 +62,7 @@ void WordsLabel::Fit() {
 
 FrameBox::FrameBox(QWidget* parent, const QString& caption) : QGroupBox(caption, parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
+    setContentsMargins(0, 0, 0, 0);
 }
 
 void FrameBox::paintEvent(QPaintEvent*) {
