@@ -4,6 +4,7 @@
 #include "adapters/qt/dialog/buttons.h"
 #include "adapters/qt/dialog/text_boxes.h"
 #include "dialog_fixture.h"
+#include "preview/print_dialog_tables.h"
 
 #include <QtGui/QClipboard>
 #include <QtGui/QScreen>
@@ -24,6 +25,16 @@ TEST_F(Dialog, HasAFixedFrameInTheMiddleOfTheScreen) {
     EXPECT_EQ(Window().minimumSize(), Window().maximumSize());
     const QPoint off = Window().geometry().center() - Window().screen()->availableGeometry().center();
     EXPECT_LE(off.manhattanLength(), 2);
+}
+
+TEST(DialogSizes, AreThoseOfTheirTables) {
+    const WindowPlatform platform;
+    DialogEvents events;
+    for (const FormTable* table : {&PrintOptionsTable(), &PrinterSetupTable()}) {
+        const Ref<Form> form = Platform::Current().forms->Load(*table, events);
+        EXPECT_NEAR(form->ScaleWidth(), table->clientWidth, 15) << table->name;
+        EXPECT_NEAR(form->ScaleHeight(), table->clientHeight, 15) << table->name;
+    }
 }
 
 TEST_F(Dialog, ShowsAllOfEachControl) {
@@ -83,6 +94,8 @@ TEST_F(Dialog, AFocusThatCannotBeHadIsAFailure) {
     EXPECT_FALSE(Get<TextBox>("copies")->Visible());
     EXPECT_FALSE(Get<TextBox>("note")->Enabled());
     EXPECT_TRUE(Get<TextBox>("from")->Enabled());
+    EXPECT_TRUE(Get<TextBox>("from")->Visible()) << "though its window is not shown yet";
+    Get<TextBox>("from")->SetFocus();
     EXPECT_THROW(static_cast<void>(form->Get<Label>("from")), Failure);
     EXPECT_THROW(static_cast<void>(form->Get<TextBox>("nobody")), Failure);
 }

@@ -90,6 +90,11 @@ void ContainerGrids::SpaceOut(QWidget& container, Filled& filled) const {
     filled.grid->setHorizontalSpacing(FieldGap);
     const bool inFrame = qobject_cast<const QGroupBox*>(&container) != nullptr;
     filled.grid->setVerticalSpacing(inFrame ? spacing.lines : spacing.blocks);
+    // Whoever measures it next must not find what was measured before.
+    for (QWidget* around = &container; around != nullptr; around = around->parentWidget()) {
+        around->updateGeometry();
+        if (around->layout() != nullptr) around->layout()->invalidate();
+    }
 }
 
 ContainerGrids::Filled& ContainerGrids::GridOf(QWidget& container) {

@@ -19,8 +19,18 @@ void PutAt(QWidget& widget, const ControlPlace& place) {
     widget.setGeometry(Pixels(place.left), Pixels(place.top), Pixels(place.width), Pixels(place.height));
 }
 
+// Before its window is first shown Qt has every widget hidden.
+bool IsHiddenByItself(const QWidget& widget) {
+    return widget.isHidden() && widget.testAttribute(Qt::WA_WState_ExplicitShowHide);
+}
+
+bool IsToBeSeen(const QWidget& widget) {
+    if (widget.isWindow()) return true;
+    return !IsHiddenByItself(widget) && IsToBeSeen(*widget.parentWidget());
+}
+
 void Focus(QWidget& widget) {
-    if (!widget.isEnabled() || !widget.isVisibleTo(widget.window()))
+    if (!widget.isEnabled() || !IsToBeSeen(widget))
         throw Failure(FailureNumber::InvalidArgument, "The control cannot take the focus.");
     widget.setFocus(Qt::OtherFocusReason);
 }

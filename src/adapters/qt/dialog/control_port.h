@@ -14,6 +14,9 @@ namespace qbrpt::qt {
 [[nodiscard]] ControlPlace PlaceOf(const QWidget& widget);
 /// Takes a widget out of its container's rows and columns and puts it at `place`.
 void PutAt(QWidget& widget, const ControlPlace& place);
+[[nodiscard]] bool IsHiddenByItself(const QWidget& widget);
+/// Whether nobody has hidden the widget or what it stands in; its window need not be shown yet.
+[[nodiscard]] bool IsToBeSeen(const QWidget& widget);
 /// Raises InvalidArgument for a widget that is disabled or not to be seen.
 void Focus(QWidget& widget);
 [[noreturn]] void FailGone();
@@ -34,7 +37,7 @@ private:
     [[nodiscard]] WindowHandle DohWnd() const override { return Handles::Table().HandleOf(mWidget.data()); }
     [[nodiscard]] bool DoEnabled() const override { return Shown().isEnabledTo(Shown().parentWidget()); }
     void DoSetEnabled(bool enabled) override { Shown().setEnabled(enabled); }
-    [[nodiscard]] bool DoVisible() const override { return !Shown().isHidden(); }
+    [[nodiscard]] bool DoVisible() const override { return !IsHiddenByItself(Shown()); }
     void DoSetVisible(bool visible) override { Shown().setVisible(visible); }
     [[nodiscard]] ControlPlace DoPlace() const override { return PlaceOf(Shown()); }
     void DoMove(const ControlPlace& place) override { PutAt(Shown(), place); }

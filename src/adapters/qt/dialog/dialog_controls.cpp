@@ -3,6 +3,7 @@
 #include "adapters/qt/dialog/arrow_pair.h"
 #include "adapters/qt/dialog/buttons.h"
 #include "adapters/qt/dialog/combo_box.h"
+#include "adapters/qt/dialog/control_port.h"
 #include "adapters/qt/dialog/date_field.h"
 #include "adapters/qt/dialog/list_view.h"
 #include "adapters/qt/dialog/picture_area.h"
@@ -137,7 +138,7 @@ void DialogControls::OrderTabKey() {
 
 void DialogControls::FocusFirst() {
     for (QWidget* widget : InTabOrder()) {
-        if (!widget->isEnabled() || !widget->isVisibleTo(widget->window())) continue;
+        if (!widget->isEnabled() || !IsToBeSeen(*widget)) continue;
         widget->setFocus(Qt::TabFocusReason);
         if (auto* line = qobject_cast<QLineEdit*>(widget)) line->selectAll();
         return;
