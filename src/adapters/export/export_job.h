@@ -26,8 +26,8 @@ struct ExportJob {
     double printedAt = 0; ///< day number
     std::int16_t paperSize = PaperA4;
     bool landscape = false;
-    std::vector<ExportPart> parts;       ///< the report first, then its subreports
-    std::optional<PaperExtent> ownSheet; ///< upright, of a paper without a usual number
+    std::vector<ExportPart> parts;         ///< the report first, then its subreports
+    std::optional<PaperExtent> ownSheet{}; ///< upright, of a paper without a usual number
 };
 
 /// Called now and then with the rows done; may raise Failure Cancelled.
