@@ -81,8 +81,7 @@ protected:
     }
     [[nodiscard]] std::string Names() const { return Ask("SELECT name FROM account_src ORDER BY accid"); }
     [[nodiscard]] std::string NewEntries() const {
-        return Ask(
-            "SELECT acc_from || '>' || acc_to || ':' || amount FROM account_log WHERE rowid > 2");
+        return Ask("SELECT acc_from || '>' || acc_to || ':' || amount FROM account_log WHERE rowid > 2");
     }
 
     void Show(const std::function<void()>& act) {
