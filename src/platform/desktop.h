@@ -36,7 +36,7 @@ constexpr int Plain = 0;       ///< OK alone
 constexpr int RetryCancel = 5; ///< Retry and Cancel
 constexpr int Critical = 16;   ///< critical icon
 constexpr int CriticalRetryCancel = 21;
-constexpr int SecondButton = 0x100;   ///< the second button answers to the enter key
+constexpr int SecondButton = 0x100; ///< the second button answers to the enter key
 constexpr int TextAtRight = 0x80000;
 constexpr int RightToLeft = 0x180000; ///< text at the right, reading from the right
 } // namespace BoxStyle

@@ -100,8 +100,7 @@ FittedText TextFitter::Fit(const CompiledObject& object, std::string_view text, 
 
 FittedFigures TextFitter::FitFigures(const CompiledObject& object, std::string_view figures, Twips width,
                                      Twips largest) {
-    FittedFigures fitted{object.style, object.object->font.spec.size,
-                         FiguresWidth(*object.figures, figures)};
+    FittedFigures fitted{object.style, object.object->font.spec.size, FiguresWidth(*object.figures, figures)};
     const bool asItIs = largest <= 0 || largest >= fitted.size;
     if (asItIs && (width <= 0 || fitted.width <= width)) return fitted;
     FontSpec font = object.object->font.spec;
