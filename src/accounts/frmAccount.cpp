@@ -16,13 +16,6 @@ namespace qbrpt {
 
 namespace {
 
-// What a handler does that has no trap of its own.
-template <class Statement>
-void Handle(Statement&& statement) {
-    ErrorTrap trap(ErrorTrap::BoxThenLeave);
-    trap.Step(statement);
-}
-
 bool IsBlank(const std::string& text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return c == ' '; });
 }
@@ -153,7 +146,7 @@ void frmAccount::AlignTabClient(TabStrip& tabs, PictureBox& pic) {
 }
 
 void frmAccount::Click(const std::string& name) {
-    Handle([&] {
+    HandleEvent([&] {
         if (name == "TabStrip1") return ChangeTab();
         if (name == "cmdAdd") return AddAccount();
         if (name == "cmdUpdate") return RenameAccount();
@@ -171,7 +164,7 @@ void frmAccount::DblClick(const std::string& name) {
 }
 
 void frmAccount::ItemClick(const std::string& name) {
-    if (name == "AccList") Handle([&] { TakeNameOfItem(); });
+    if (name == "AccList") HandleEvent([&] { TakeNameOfItem(); });
 }
 
 bool frmAccount::BeforeLabelEdit(const std::string&) {
@@ -179,20 +172,20 @@ bool frmAccount::BeforeLabelEdit(const std::string&) {
 }
 
 void frmAccount::Change(const std::string& name) {
-    if (name == "txtAccount" || name == "txtAmount") Handle([&] { RefreshCommands(); });
-    if (name == "dtMin") Handle([&] { PeriodMoved(); });
+    if (name == "txtAccount" || name == "txtAmount") HandleEvent([&] { RefreshCommands(); });
+    if (name == "dtMin") HandleEvent([&] { PeriodMoved(); });
 }
 
 std::int16_t frmAccount::KeyPress(const std::string& name, std::int16_t key) {
     if (name != "txtAmount") return key;
     std::int16_t taken = 0;
     constexpr double least = 0;
-    Handle([&] { taken = FilterNumericKey(*Text("txtAmount"), key, NoMaximum, least); });
+    HandleEvent([&] { taken = FilterNumericKey(*Text("txtAmount"), key, NoMaximum, least); });
     return taken;
 }
 
 void frmAccount::GotFocus(const std::string& name) {
-    if (name == "txtAccount" || name == "txtAmount") Handle([&] { OnTextFocus(*Text(name.c_str())); });
+    if (name == "txtAccount" || name == "txtAmount") HandleEvent([&] { OnTextFocus(*Text(name.c_str())); });
 }
 
 } // namespace qbrpt
