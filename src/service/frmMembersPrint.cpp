@@ -61,7 +61,7 @@ const FormTable& MembersPrintTable() {
     static constexpr FormTable table = {.name = "frmMembersPrint",
                                         .caption = "خيارات طباعة بيانات المشتركين",
                                         .clientWidth = 6900,
-                                        .clientHeight = 4500,
+                                        .clientHeight = 4020,
                                         .controls = Controls,
                                         .designedRightToLeft = true,
                                         .isDialog = true};

@@ -377,6 +377,13 @@ TEST_F(MembersWindow, OpensWithAllAndNoPeriod) {
     EXPECT_FALSE(options.bGroupPrint);
 }
 
+TEST_F(MembersWindow, EndsAsFarBelowItsButtonsAsBesideThem) {
+    Ask([] {
+        const QRect button = In<QWidget>("Cancel").geometry();
+        EXPECT_NEAR(OpenForm()->rect().bottom() - button.bottom(), button.left(), 2);
+    });
+}
+
 TEST_F(MembersWindow, GivesWhatIsChosenByKeys) {
     EXPECT_EQ(Ask([] {
                   const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
