@@ -141,6 +141,37 @@ TEST_F(Dialog, HidingEndsItsShowingAndKeepsWhatItHolds) {
     EXPECT_THAT(events.Of("unload"), ElementsAre("unload"));
 }
 
+TEST_F(Dialog, HiddenItCanBeShownAgainAtOnce) {
+    events.then = [&](const std::string& what) {
+        if (what == "click ok") form->Hide();
+    };
+    for (const char* pages : {"7", "8"}) {
+        std::string first;
+        WhileOpen([&] {
+            first = Focused();
+            Get<TextBox>("from")->SetText(pages);
+            Press(Qt::Key_Return);
+        });
+        EXPECT_EQ(first, "from") << "shown for " << pages;
+        EXPECT_FALSE(form->Visible());
+        EXPECT_EQ(Get<TextBox>("from")->Text(), pages);
+    }
+    EXPECT_THAT(events.Of("activate"), ElementsAre("activate", "activate"));
+    EXPECT_THAT(events.Of("click"), ElementsAre("click ok", "click ok"));
+    EXPECT_THAT(events.Of("unload"), IsEmpty());
+}
+
+TEST_F(Dialog, HiddenAsItComesUpItIsNotWaitedFor) {
+    events.then = [&](const std::string& what) {
+        if (what == "activate") form->Hide();
+    };
+    for (const std::size_t showings : {1U, 2U}) {
+        form->ShowModal();
+        EXPECT_FALSE(form->Visible());
+        EXPECT_EQ(events.Of("activate").size(), showings);
+    }
+}
+
 TEST_F(Dialog, ClosedByItsFrameItUnloads) {
     WhileOpen([] {});
     EXPECT_THAT(events.Of("unload"), ElementsAre("unload"));

@@ -8,6 +8,8 @@
 #include "base/failure.h"
 
 #include <QtCore/QTimer>
+#include <QtGui/QWindow>
+#include <QtWidgets/QApplication>
 
 #include <utility>
 
@@ -138,12 +140,21 @@ void QtForm::DoShowModal() {
     mControls->OfDialog().FocusFirst();
     mWindow->show();
     if (!mWindow->isMinimized()) mWindow->activateWindow();
+    QTimer::singleShot(0, mWindow.get(), [this] { KeepActivation(); });
     // Without a window manager no window is ever active.
     QTimer::singleShot(LongestWaitForActivation, mWindow.get(), [this] { Activated(); });
     mLoop.exec();
     // The loop also ends when the host's application is told to end.
     if (!mHidden) DoUnload();
     if (mThrown) std::rethrow_exception(std::exchange(mThrown, nullptr));
+}
+
+// Hidden and shown again at once, the window has kept the screen's focus, and is not given it anew, while Qt
+// took it for left.
+void QtForm::KeepActivation() {
+    if (!mWindow->isVisible() || mWindow->isActiveWindow()) return;
+    if (QGuiApplication::focusWindow() == mWindow->windowHandle())
+        QApplication::setActiveWindow(mWindow.get());
 }
 
 void QtForm::DoHide() {

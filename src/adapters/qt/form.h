@@ -42,6 +42,7 @@ private:
     void FitToControls(const FormTable& table);
     /// Runs the rules' Activate once the window can be seen and typed into.
     void Activated();
+    void KeepActivation();
     void Closing();
 
     FormEvents& mEvents;
