@@ -95,6 +95,7 @@ private:
     std::int32_t DoGetDIBits(GdiHandle, GdiHandle, std::int32_t, std::int32_t, std::span<std::uint8_t> bits,
                              std::span<std::uint8_t> info, std::int32_t) override {
         if (!bits.empty()) return linesRead;
+        if (info.empty()) return 0;
         std::memcpy(info.data(), &ownHeader, std::min(info.size(), sizeof ownHeader));
         return 1;
     }
