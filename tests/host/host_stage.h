@@ -6,10 +6,9 @@
 #include "look.h"
 #include "member_form.h"
 #include "member_list.h"
-#include "tools/x_desktop.h"
+#include "qt/desktop_user.h"
 
 #include <QtCore/QTimer>
-#include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
@@ -24,17 +23,6 @@
 #include <utility>
 
 namespace qbrpt::test {
-
-inline bool Waits(const std::function<bool()>& holds) {
-    constexpr int milliseconds = 10000;
-    return QTest::qWaitFor(holds, milliseconds);
-}
-
-/// Types and clicks as a user does.
-inline void User(std::vector<std::string> does) {
-    does.insert(does.begin(), "xdotool");
-    EXPECT_EQ(RunProgram(std::move(does)).status, 0);
-}
 
 /// Does something once, as soon as it can, while a member is at work.
 class Meanwhile {

@@ -75,6 +75,33 @@ TEST_F(Dialog, TheTabKeyGoesInItsOrder) {
     });
 }
 
+TEST_F(Dialog, TheTabKeyLandsOnTheOptionThatIsOn) {
+    WhileOpen([&] {
+        const auto tabs = [&](int key) {
+            Press(key);
+            return Focused();
+        };
+        Get<ToggleControl>("Way(1)")->SetValue(true);
+        EXPECT_EQ(tabs(Qt::Key_Tab), "Way(1)");
+        EXPECT_EQ(tabs(Qt::Key_Tab), "all");
+        EXPECT_EQ(tabs(Qt::Key_Backtab), "Way(1)");
+        EXPECT_EQ(tabs(Qt::Key_Backtab), "from");
+        Find<QWidget>("Way(0)").setFocus(); // only looked at
+        EXPECT_EQ(tabs(Qt::Key_Tab), "all");
+        EXPECT_EQ(tabs(Qt::Key_Backtab), "Way(1)");
+        EXPECT_EQ(tabs(Qt::Key_Backtab), "from");
+        Get<ToggleControl>("Way(0)")->SetValue(true);
+        EXPECT_EQ(tabs(Qt::Key_Tab), "Way(0)");
+        EXPECT_EQ(tabs(Qt::Key_Left), "Way(1)");
+        EXPECT_TRUE(Get<ToggleControl>("Way(1)")->Value());
+        Press(Qt::Key_Tab);
+        Get<ToggleControl>("Way(1)")->SetValue(false); // none is on: the next there is
+        EXPECT_EQ(tabs(Qt::Key_Backtab), "Way(1)");
+        EXPECT_EQ(tabs(Qt::Key_Backtab), "from");
+        EXPECT_EQ(tabs(Qt::Key_Tab), "Way(0)");
+    });
+}
+
 TEST_F(Dialog, TellsOnceWhenItIsActiveAndOfEachNewFocus) {
     WhileOpen([&] {
         EXPECT_TRUE(QTest::qWaitFor([&] { return !events.Of("activate").empty(); }));

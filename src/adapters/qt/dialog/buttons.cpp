@@ -50,6 +50,15 @@ private:
     }
 };
 
+/// The tab key lands on the option of a group that is on; the arrow keys go from one to the next.
+void KeepOneTabStop(const QWidget& option) {
+    const auto options = option.parentWidget()->findChildren<QRadioButton*>(Qt::FindDirectChildrenOnly);
+    const bool anyOn = std::any_of(options.begin(), options.end(),
+                                   [](const QRadioButton* button) { return button->isChecked(); });
+    for (QRadioButton* button : options)
+        button->setFocusPolicy(button->isChecked() || !anyOn ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
 void PaintRoundMark(QPainter& painter, const QRect& mark, bool on, bool enabled, Edge edge) {
     const QRgb strong = enabled ? DialogColor::Accent : DialogColor::Faint;
     painter.setRenderHint(QPainter::Antialiasing);
@@ -157,6 +166,13 @@ void MarkedToggle<Toggle>::paintEvent(QPaintEvent*) {
     DrawCaption(painter, words, CaptionPlace::Leading, this->layoutDirection(), this->text());
 }
 
+// Whichever had the focus is the tab key's until then.
+template <class Toggle>
+void MarkedToggle<Toggle>::focusOutEvent(QFocusEvent* event) {
+    Toggle::focusOutEvent(event);
+    if constexpr (std::is_same_v<Toggle, QRadioButton>) KeepOneTabStop(*this);
+}
+
 BuiltButton BuildPushButton(QWidget& parent, const ControlRow& row, const ControlEvents& events,
                             const std::shared_ptr<DefaultButton>& defaults) {
     auto* button = new PushButton(&parent, Text(row.caption), defaults);
@@ -179,6 +195,10 @@ BuiltButton BuildToggle(QWidget& parent, const ControlRow& row, const ControlEve
                      [isOption, name = std::string(row.name), told = events.click](bool on) {
                          if (on || !isOption) told(name);
                      });
+    if (isOption) {
+        QObject::connect(button, &QAbstractButton::toggled, button, [button] { KeepOneTabStop(*button); });
+        KeepOneTabStop(*button);
+    }
     return {button, std::make_shared<TogglePort>(*button)};
 }
 

@@ -41,6 +41,7 @@ private:
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
     [[nodiscard]] bool hitButton(const QPoint& place) const override;
     void paintEvent(QPaintEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 };
 
 struct BuiltButton {

@@ -139,6 +139,7 @@ void DialogControls::OrderTabKey() {
 void DialogControls::FocusFirst() {
     for (QWidget* widget : InTabOrder()) {
         if (!widget->isEnabled() || !IsToBeSeen(*widget)) continue;
+        if (widget->focusPolicy() == Qt::ClickFocus) continue; // an option beside the one that is on
         widget->setFocus(Qt::TabFocusReason);
         if (auto* line = qobject_cast<QLineEdit*>(widget)) line->selectAll();
         return;
