@@ -71,7 +71,7 @@ const std::vector<Kind> Kinds = {
      samples::PrintJobs, 20, 1, 8},
     {"rptPPIncome", WithAddress("HeadTitleText", "البطاقات المسجلة في شهر يناير 2025"), false,
      samples::CardList, 24, 1, 6},
-    {"AccountRpt", {{"HeadTitleText", "حركة القيد الكلية"}}, false, samples::Entries, 22, 1, 7},
+    {"AccountRpt", {{"HeadTitleText", "حركة القيد الكلية"}}, false, samples::Entries, 22, 1, 6},
 };
 
 std::vector<Golden> AllGoldens() {
