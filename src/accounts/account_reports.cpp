@@ -3,7 +3,6 @@
 #include "base/numbers.h"
 #include "platform/desktop.h"
 #include "platform/platform.h"
-#include "platform/printing.h"
 #include "preview/frmPrntServer.h"
 #include "support/error_trap.h"
 #include "support/period_text.h"
@@ -29,12 +28,7 @@ void Bind(const Ref<CrystalRuntime::Report>& report, const Ref<DAO::Recordset>& 
 
 /// Points a report at the current printer and shows it.
 void Show(ErrorTrap& trap, const Ref<ReportTemplate>& report) {
-    trap.Step([&] {
-        const PrinterInfo printer = Platform::Current().printers->Current();
-        report->Report()->SelectPrinter(printer.driverName, printer.deviceName, printer.port);
-    });
-    trap.Step([&] { report->Report()->SetPaperOrientation(Platform::Current().printers->Orientation()); });
-    trap.Step([&] { report->Report()->SetPaperSize(Platform::Current().printers->Current().paperSize); });
+    PointAtCurrentPrinter(trap, report);
     trap.Step([&] { frmPrntServer::Instance().ShowpReport(report, true); });
 }
 

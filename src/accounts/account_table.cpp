@@ -1,11 +1,14 @@
 #include "accounts/account_table.h"
 
+#include "platform/form_rows.h"
+
 #include <array>
 
 namespace qbrpt {
 
 namespace {
 
+using namespace rows;
 using Kind = ControlKind;
 
 // All panels have one size, which the window moves into the tab strip.
@@ -24,16 +27,6 @@ constexpr ControlRow Panel(std::string_view name) {
 constexpr ControlRow Column(std::string_view caption) {
     return {.kind = Kind::ListColumn, .parent = "AccList", .caption = caption};
 }
-constexpr ControlRow Field(Kind kind, std::string_view name, std::string_view parent, GridCell cell,
-                           std::int16_t tabIndex) {
-    return {.kind = kind, .name = name, .parent = parent, .cell = cell, .tabIndex = tabIndex};
-}
-constexpr ControlRow Words(Kind kind, std::string_view name, std::string_view parent,
-                           std::string_view caption, GridCell cell, std::int16_t tabIndex = 0) {
-    ControlRow row = Field(kind, name, parent, cell, tabIndex);
-    row.caption = caption;
-    return row;
-}
 constexpr ControlRow Amount(std::string_view name, GridCell cell, std::int16_t tabIndex, bool locked) {
     ControlRow row = Field(Kind::TextBox, name, NewEntry, cell, tabIndex);
     row.widthInDigits = AmountDigits;
@@ -45,17 +38,6 @@ constexpr ControlRow Lines(std::string_view name, GridCell cell, std::int16_t ta
     row.multiLine = true;
     return row;
 }
-constexpr ControlRow Picker(std::string_view name, std::string_view parent, std::string_view format,
-                            GridCell cell, std::int16_t tabIndex) {
-    ControlRow row = Field(Kind::DatePicker, name, parent, cell, tabIndex);
-    row.format = format;
-    return row;
-}
-constexpr ControlRow OnAtFirst(ControlRow row) {
-    row.on = true;
-    return row;
-}
-
 // The period's pickers show the month behind the hour, as they always have.
 constexpr std::string_view EntryFormat = "dd/MM/yyyy hh:mmtt";
 constexpr std::string_view PeriodFormat = "dd/MM/yyyy hh:MMtt";

@@ -102,4 +102,7 @@ private:
     bool mGuestMode = false;
 };
 
+/// Three statements of `trap`: printer, orientation and paper of the report become those of the current one.
+void PointAtCurrentPrinter(ErrorTrap& trap, const Ref<ReportTemplate>& report);
+
 } // namespace qbrpt

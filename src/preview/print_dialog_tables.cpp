@@ -1,5 +1,7 @@
 #include "preview/print_dialog_tables.h"
 
+#include "platform/form_rows.h"
+
 #include <array>
 #include <limits>
 
@@ -7,18 +9,9 @@ namespace qbrpt {
 
 namespace {
 
+using namespace rows;
 using Kind = ControlKind;
 
-constexpr ControlRow Field(Kind kind, std::string_view name, std::string_view parent, GridCell cell,
-                           std::int16_t tabIndex) {
-    return {.kind = kind, .name = name, .parent = parent, .cell = cell, .tabIndex = tabIndex};
-}
-constexpr ControlRow Words(Kind kind, std::string_view name, std::string_view parent,
-                           std::string_view caption, GridCell cell, std::int16_t tabIndex) {
-    ControlRow row = Field(kind, name, parent, cell, tabIndex);
-    row.caption = caption;
-    return row;
-}
 /// A box for a number.
 constexpr ControlRow Digits(std::string_view name, std::string_view parent, std::string_view text,
                             GridCell cell, std::int16_t tabIndex) {
@@ -36,18 +29,6 @@ constexpr ControlRow Locked(ControlRow row) {
 constexpr ControlRow Limited(ControlRow row, std::int16_t minimum, std::int16_t maximum) {
     row.minimum = minimum;
     row.maximum = maximum;
-    return row;
-}
-constexpr ControlRow Default(ControlRow row) {
-    row.isDefault = true;
-    return row;
-}
-constexpr ControlRow Cancels(ControlRow row) {
-    row.isCancel = true;
-    return row;
-}
-constexpr ControlRow OnAtFirst(ControlRow row) {
-    row.on = true;
     return row;
 }
 constexpr ControlRow Sheet(std::string_view name, std::string_view picture, ControlPlace place) {

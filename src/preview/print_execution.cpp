@@ -74,6 +74,15 @@ void frmPrntServer::UpdateInfoData() {
     if (trap.Test([&] { return Window().Visible(); })) trap.Step([&] { prntViewer()->Refresh(); });
 }
 
+void PointAtCurrentPrinter(ErrorTrap& trap, const Ref<ReportTemplate>& report) {
+    trap.Step([&] {
+        const PrinterInfo printer = Platform::Current().printers->Current();
+        report->Report()->SelectPrinter(printer.driverName, printer.deviceName, printer.port);
+    });
+    trap.Step([&] { report->Report()->SetPaperOrientation(Platform::Current().printers->Orientation()); });
+    trap.Step([&] { report->Report()->SetPaperSize(Platform::Current().printers->Current().paperSize); });
+}
+
 bool frmPrntServer::BoundToCurrentPrinter() {
     const PrinterInfo printer = Platform::Current().printers->Current();
     CrystalRuntime::Report& report = *mReport->Report();
@@ -85,12 +94,7 @@ bool frmPrntServer::BoundToCurrentPrinter() {
 void frmPrntServer::RefreshReportprinter() {
     ErrorTrap trap(ErrorTrap::BoxThenLeave, {.prefix = "RefreshReportprinter\r"});
     if (!trap.Test([&] { return !BoundToCurrentPrinter(); })) return;
-    trap.Step([&] {
-        const PrinterInfo printer = Platform::Current().printers->Current();
-        mReport->Report()->SelectPrinter(printer.driverName, printer.deviceName, printer.port);
-    });
-    trap.Step([&] { mReport->Report()->SetPaperOrientation(Platform::Current().printers->Orientation()); });
-    trap.Step([&] { mReport->Report()->SetPaperSize(Platform::Current().printers->Current().paperSize); });
+    PointAtCurrentPrinter(trap, mReport);
     trap.Step([&] { AlignToPrinter(); });
 }
 

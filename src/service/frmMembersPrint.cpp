@@ -1,5 +1,6 @@
 #include "service/frmMembersPrint.h"
 
+#include "platform/form_rows.h"
 #include "platform/platform.h"
 #include "support/error_trap.h"
 
@@ -9,50 +10,32 @@ namespace qbrpt {
 
 namespace {
 
+using namespace rows;
 using Kind = ControlKind;
 
-constexpr ControlRow Row(Kind kind, std::string_view name, std::string_view parent, std::string_view caption,
-                         GridCell cell, std::int16_t tabIndex = 0) {
-    return {
-        .kind = kind, .name = name, .parent = parent, .caption = caption, .cell = cell, .tabIndex = tabIndex};
-}
 constexpr ControlRow Day(std::string_view name, std::int16_t column, std::int16_t tabIndex) {
-    ControlRow row = Row(Kind::DatePicker, name, "Frame2", "", {.row = 0, .column = column}, tabIndex);
-    row.format = "dd/MM/yyyy";
+    ControlRow row = Picker(name, "Frame2", "dd/MM/yyyy", {.row = 0, .column = column}, tabIndex);
     row.canBeEmpty = true;
     return row;
 }
-constexpr ControlRow OnAtFirst(ControlRow row) {
-    row.on = true;
-    return row;
-}
-constexpr ControlRow DefaultButton(ControlRow row) {
-    row.isDefault = true;
-    return row;
-}
-constexpr ControlRow CancelButton(ControlRow row) {
-    row.isCancel = true;
-    return row;
-}
-
 constexpr std::array Controls = {
-    Row(Kind::Frame, "Frame1", "", "نوع بيانات المشتركين المطلوبة",
-        {.row = 0, .columns = 3, .stretch = true}),
-    OnAtFirst(Row(Kind::OptionButton, "Option1(0)", "Frame1", "طباعة بيانات كل المشتركين بلا استثناء",
-                  {.row = 0}, 1)),
-    Row(Kind::OptionButton, "Option1(1)", "Frame1", "بيانات المشتركين المستمرين (اشتراكات فعالة)", {.row = 1},
-        2),
-    Row(Kind::OptionButton, "Option1(2)", "Frame1", "المشتركين المتبقية عليهم مبالغ غير مسددة", {.row = 2},
-        3),
-    Row(Kind::Frame, "Frame2", "", "الفترة الزمنية للبيانات حسب بدء استخدام الاشتراك",
-        {.row = 1, .columns = 3, .stretch = true}),
-    Row(Kind::Label, "Label1(0)", "Frame2", "من", {.row = 0, .column = 0}),
+    Words(Kind::Frame, "Frame1", "", "نوع بيانات المشتركين المطلوبة",
+          {.row = 0, .columns = 3, .stretch = true}),
+    OnAtFirst(Words(Kind::OptionButton, "Option1(0)", "Frame1", "طباعة بيانات كل المشتركين بلا استثناء",
+                    {.row = 0}, 1)),
+    Words(Kind::OptionButton, "Option1(1)", "Frame1", "بيانات المشتركين المستمرين (اشتراكات فعالة)",
+          {.row = 1}, 2),
+    Words(Kind::OptionButton, "Option1(2)", "Frame1", "المشتركين المتبقية عليهم مبالغ غير مسددة", {.row = 2},
+          3),
+    Words(Kind::Frame, "Frame2", "", "الفترة الزمنية للبيانات حسب بدء استخدام الاشتراك",
+          {.row = 1, .columns = 3, .stretch = true}),
+    Words(Kind::Label, "Label1(0)", "Frame2", "من", {.row = 0, .column = 0}),
     Day("dtStart", 1, 4),
-    Row(Kind::Label, "Label1(1)", "Frame2", "إلى", {.row = 0, .column = 2}),
+    Words(Kind::Label, "Label1(1)", "Frame2", "إلى", {.row = 0, .column = 2}),
     Day("dtEnd", 3, 5),
-    Row(Kind::CheckBox, "chkGroup", "", "طباعة بيانات مجمعة", {.row = 2, .column = 0, .stretch = true}, 6),
-    DefaultButton(Row(Kind::CommandButton, "cmdOk", "", "موافق", {.row = 2, .column = 1}, 7)),
-    CancelButton(Row(Kind::CommandButton, "Cancel", "", "إلغاء الأمر", {.row = 2, .column = 2}, 8)),
+    Words(Kind::CheckBox, "chkGroup", "", "طباعة بيانات مجمعة", {.row = 2, .column = 0, .stretch = true}, 6),
+    Default(Words(Kind::CommandButton, "cmdOk", "", "موافق", {.row = 2, .column = 1}, 7)),
+    Cancels(Words(Kind::CommandButton, "Cancel", "", "إلغاء الأمر", {.row = 2, .column = 2}, 8)),
 };
 
 } // namespace

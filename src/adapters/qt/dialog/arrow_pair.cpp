@@ -104,7 +104,7 @@ void ArrowPair::wheelEvent(QWheelEvent* event) {
     setValue(value() + (event->angleDelta().y() > 0 ? -singleStep() : singleStep()));
 }
 
-BuiltScrollBar BuildScrollBar(QWidget& parent, const ControlRow& row, const ControlEvents& events) {
+BuiltControl BuildScrollBar(QWidget& parent, const ControlRow& row, const ControlEvents& events) {
     auto* bar = new ArrowPair(&parent);
     bar->setRange(row.minimum, row.maximum);
     bar->setValue(row.minimum);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/qt/control_events.h"
+#include "adapters/qt/dialog/built_control.h"
 #include "base/ref.h"
 #include "platform/forms.h"
 
@@ -29,11 +30,7 @@ private:
     QBasicTimer mRepeat;
 };
 
-struct BuiltScrollBar {
-    ArrowPair* widget;
-    Ref<Control> port;
-};
-[[nodiscard]] BuiltScrollBar BuildScrollBar(QWidget& parent, const ControlRow& row,
-                                            const ControlEvents& events);
+[[nodiscard]] BuiltControl BuildScrollBar(QWidget& parent, const ControlRow& row,
+                                          const ControlEvents& events);
 
 } // namespace qbrpt::qt

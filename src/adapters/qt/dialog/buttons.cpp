@@ -173,8 +173,8 @@ void MarkedToggle<Toggle>::focusOutEvent(QFocusEvent* event) {
     if constexpr (std::is_same_v<Toggle, QRadioButton>) KeepOneTabStop(*this);
 }
 
-BuiltButton BuildPushButton(QWidget& parent, const ControlRow& row, const ControlEvents& events,
-                            const std::shared_ptr<DefaultButton>& defaults) {
+BuiltControl BuildPushButton(QWidget& parent, const ControlRow& row, const ControlEvents& events,
+                             const std::shared_ptr<DefaultButton>& defaults) {
     auto* button = new PushButton(&parent, Text(row.caption), defaults);
     if (row.isDefault) defaults->Set(*button, true);
     if (row.isCancel) defaults->SetCancel(*button);
@@ -183,7 +183,7 @@ BuiltButton BuildPushButton(QWidget& parent, const ControlRow& row, const Contro
     return {button, std::make_shared<PushPort>(*button)};
 }
 
-BuiltButton BuildToggle(QWidget& parent, const ControlRow& row, const ControlEvents& events) {
+BuiltControl BuildToggle(QWidget& parent, const ControlRow& row, const ControlEvents& events) {
     const bool isOption = row.kind == ControlKind::OptionButton;
     QAbstractButton* button = nullptr;
     if (isOption)

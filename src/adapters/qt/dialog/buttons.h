@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/qt/control_events.h"
+#include "adapters/qt/dialog/built_control.h"
 #include "adapters/qt/dialog/default_button.h"
 #include "base/ref.h"
 #include "platform/forms.h"
@@ -44,13 +45,10 @@ private:
     void focusOutEvent(QFocusEvent* event) override;
 };
 
-struct BuiltButton {
-    QAbstractButton* widget;
-    Ref<Control> port;
-};
-[[nodiscard]] BuiltButton BuildPushButton(QWidget& parent, const ControlRow& row, const ControlEvents& events,
-                                          const std::shared_ptr<DefaultButton>& defaults);
+[[nodiscard]] BuiltControl BuildPushButton(QWidget& parent, const ControlRow& row,
+                                           const ControlEvents& events,
+                                           const std::shared_ptr<DefaultButton>& defaults);
 /// A check box tells of each switch, an option button of being switched on.
-[[nodiscard]] BuiltButton BuildToggle(QWidget& parent, const ControlRow& row, const ControlEvents& events);
+[[nodiscard]] BuiltControl BuildToggle(QWidget& parent, const ControlRow& row, const ControlEvents& events);
 
 } // namespace qbrpt::qt

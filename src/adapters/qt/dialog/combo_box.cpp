@@ -135,7 +135,7 @@ void DropDown::showPopup() {
     QComboBox::showPopup();
 }
 
-BuiltCombo BuildCombo(QWidget& parent, const ControlRow& row, const ControlEvents& events) {
+BuiltControl BuildCombo(QWidget& parent, const ControlRow& row, const ControlEvents& events) {
     auto* combo = new DropDown(&parent);
     const std::function<void()> clicked = [name = std::string(row.name), told = events.click] { told(name); };
     QObject::connect(combo, &QComboBox::activated, combo, clicked);

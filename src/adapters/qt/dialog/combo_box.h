@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/qt/control_events.h"
+#include "adapters/qt/dialog/built_control.h"
 #include "base/ref.h"
 #include "platform/forms.h"
 
@@ -50,10 +51,6 @@ private:
     ComboEntries* mEntries;
 };
 
-struct BuiltCombo {
-    DropDown* widget;
-    Ref<Control> port;
-};
-[[nodiscard]] BuiltCombo BuildCombo(QWidget& parent, const ControlRow& row, const ControlEvents& events);
+[[nodiscard]] BuiltControl BuildCombo(QWidget& parent, const ControlRow& row, const ControlEvents& events);
 
 } // namespace qbrpt::qt

@@ -138,7 +138,7 @@ void DateField::paintEvent(QPaintEvent*) {
     }
 }
 
-BuiltDate BuildDatePicker(QWidget& parent, const ControlRow& row, const ControlEvents& events) {
+BuiltControl BuildDatePicker(QWidget& parent, const ControlRow& row, const ControlEvents& events) {
     auto* field = new DateField(&parent, row.format, row.canBeEmpty);
     field->changed = [name = std::string(row.name), told = events.change] { told(name); };
     return {field, std::make_shared<DatePort>(*field)};

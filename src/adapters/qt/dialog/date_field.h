@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/qt/control_events.h"
+#include "adapters/qt/dialog/built_control.h"
 #include "adapters/qt/dialog/date_sections.h"
 #include "base/ref.h"
 #include "platform/forms.h"
@@ -67,10 +68,7 @@ private:
     MonthView* mMonth;
 };
 
-struct BuiltDate {
-    DateField* widget;
-    Ref<Control> port;
-};
-[[nodiscard]] BuiltDate BuildDatePicker(QWidget& parent, const ControlRow& row, const ControlEvents& events);
+[[nodiscard]] BuiltControl BuildDatePicker(QWidget& parent, const ControlRow& row,
+                                           const ControlEvents& events);
 
 } // namespace qbrpt::qt

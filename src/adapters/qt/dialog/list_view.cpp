@@ -129,8 +129,8 @@ bool ReportList::edit(const QModelIndex& index, EditTrigger trigger, QEvent* eve
     return QTreeView::edit(index, trigger, event);
 }
 
-BuiltList BuildListView(QWidget& parent, const ControlRow& row, const FormTable& table,
-                        const ControlEvents& events) {
+BuiltControl BuildListView(QWidget& parent, const ControlRow& row, const FormTable& table,
+                           const ControlEvents& events) {
     auto* list = new ReportList(&parent, CaptionsOf(table, row.name));
     const std::string name(row.name);
     list->itemClicked = [name, told = events.itemClick] { told(name); };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/qt/control_events.h"
+#include "adapters/qt/dialog/built_control.h"
 #include "adapters/qt/dialog/list_items.h"
 #include "base/ref.h"
 #include "platform/forms.h"
@@ -34,11 +35,7 @@ private:
     bool mPressing = false;
 };
 
-struct BuiltList {
-    ReportList* widget;
-    Ref<Control> port;
-};
-[[nodiscard]] BuiltList BuildListView(QWidget& parent, const ControlRow& row, const FormTable& table,
-                                      const ControlEvents& events);
+[[nodiscard]] BuiltControl BuildListView(QWidget& parent, const ControlRow& row, const FormTable& table,
+                                         const ControlEvents& events);
 
 } // namespace qbrpt::qt

@@ -89,7 +89,7 @@ void PictureArea::paintEvent(QPaintEvent*) {
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
-BuiltPicture BuildPictureBox(QWidget& parent, const ControlRow& row, const ControlEvents& events) {
+BuiltControl BuildPictureBox(QWidget& parent, const ControlRow& row, const ControlEvents& events) {
     auto* area = new PictureArea(&parent, row.picture);
     area->painted = [name = std::string(row.name), told = events.paint] { told(name); };
     return {area, std::make_shared<PicturePort>(*area)};

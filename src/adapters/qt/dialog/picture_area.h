@@ -3,6 +3,7 @@
 
 #include "adapters/gdi/raster_gdi.h"
 #include "adapters/qt/control_events.h"
+#include "adapters/qt/dialog/built_control.h"
 #include "base/ref.h"
 #include "platform/forms.h"
 
@@ -40,11 +41,7 @@ private:
     bool mBorder = false;
 };
 
-struct BuiltPicture {
-    PictureArea* widget;
-    Ref<Control> port;
-};
-[[nodiscard]] BuiltPicture BuildPictureBox(QWidget& parent, const ControlRow& row,
+[[nodiscard]] BuiltControl BuildPictureBox(QWidget& parent, const ControlRow& row,
                                            const ControlEvents& events);
 
 } // namespace qbrpt::qt

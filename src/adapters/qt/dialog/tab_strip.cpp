@@ -151,8 +151,8 @@ void TabBox::changeEvent(QEvent* event) {
     if (event->type() == QEvent::LayoutDirectionChange || event->type() == QEvent::FontChange) PlaceTabs();
 }
 
-BuiltTabs BuildTabStrip(QWidget& parent, const ControlRow& row, const FormTable& table,
-                        const ControlEvents& events) {
+BuiltControl BuildTabStrip(QWidget& parent, const ControlRow& row, const FormTable& table,
+                           const ControlEvents& events) {
     auto* strip = new TabBox(&parent);
     for (const ControlRow& tab : table.controls) {
         if (tab.kind != ControlKind::Tab || tab.parent != row.name) continue;

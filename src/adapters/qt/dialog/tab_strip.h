@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/qt/control_events.h"
+#include "adapters/qt/dialog/built_control.h"
 #include "base/ref.h"
 #include "platform/forms.h"
 
@@ -43,11 +44,7 @@ private:
     TabRow* mTabs;
 };
 
-struct BuiltTabs {
-    TabBox* widget;
-    Ref<Control> port;
-};
-[[nodiscard]] BuiltTabs BuildTabStrip(QWidget& parent, const ControlRow& row, const FormTable& table,
-                                      const ControlEvents& events);
+[[nodiscard]] BuiltControl BuildTabStrip(QWidget& parent, const ControlRow& row, const FormTable& table,
+                                         const ControlEvents& events);
 
 } // namespace qbrpt::qt

@@ -152,7 +152,7 @@ void TextPage::insertFromMimeData(const QMimeData* source) {
     Take(source->text().replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
 }
 
-BuiltTextBox BuildTextBox(QWidget& parent, const ControlRow& row, const ControlEvents& events,
+BuiltControl BuildTextBox(QWidget& parent, const ControlRow& row, const ControlEvents& events,
                           std::function<bool()> enterIsTaken) {
     const auto wire = [&, name = std::string(row.name)](auto& box) {
         box.setReadOnly(row.locked);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/qt/control_events.h"
+#include "adapters/qt/dialog/built_control.h"
 #include "adapters/qt/dialog/typed.h"
 #include "base/ref.h"
 #include "platform/forms.h"
@@ -38,11 +39,7 @@ private:
 };
 
 /// A text box in `parent`, as its row has it.
-struct BuiltTextBox {
-    QWidget* widget;
-    Ref<Control> port;
-};
-[[nodiscard]] BuiltTextBox BuildTextBox(QWidget& parent, const ControlRow& row, const ControlEvents& events,
+[[nodiscard]] BuiltControl BuildTextBox(QWidget& parent, const ControlRow& row, const ControlEvents& events,
                                         std::function<bool()> enterIsTaken);
 
 } // namespace qbrpt::qt

@@ -93,14 +93,14 @@ void FrameBox::resizeEvent(QResizeEvent* event) {
     setContentsMargins(0, 0, 0, 0);
 }
 
-BuiltWords BuildLabel(QWidget& parent, const ControlRow& row) {
+BuiltControl BuildLabel(QWidget& parent, const ControlRow& row) {
     auto* label = new WordsLabel(&parent);
     if (row.caption.empty()) label->TakeAnyLength();
     label->SetWords(Text(row.caption));
     return {label, std::make_shared<LabelPort>(*label)};
 }
 
-BuiltWords BuildFrame(QWidget& parent, const ControlRow& row) {
+BuiltControl BuildFrame(QWidget& parent, const ControlRow& row) {
     auto* frame = new FrameBox(&parent, Text(row.caption));
     return {frame, std::make_shared<FramePort>(*frame)};
 }

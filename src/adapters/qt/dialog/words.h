@@ -1,6 +1,7 @@
 // Labels and frames.
 #pragma once
 
+#include "adapters/qt/dialog/built_control.h"
 #include "base/ref.h"
 #include "platform/forms.h"
 
@@ -36,11 +37,7 @@ private:
     void resizeEvent(QResizeEvent* event) override;
 };
 
-struct BuiltWords {
-    QWidget* widget;
-    Ref<Control> port;
-};
-[[nodiscard]] BuiltWords BuildLabel(QWidget& parent, const ControlRow& row);
-[[nodiscard]] BuiltWords BuildFrame(QWidget& parent, const ControlRow& row);
+[[nodiscard]] BuiltControl BuildLabel(QWidget& parent, const ControlRow& row);
+[[nodiscard]] BuiltControl BuildFrame(QWidget& parent, const ControlRow& row);
 
 } // namespace qbrpt::qt
