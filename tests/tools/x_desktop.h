@@ -27,6 +27,8 @@ public:
 
     void StartManager();
     void StopManager() { mManager.reset(); }
+    /// SIGSTOP, SIGCONT: a manager that is long about its work.
+    void SignalManager(int number) const { mManager->Signal(number); }
     [[nodiscard]] xcb_connection_t* Connection() const { return mConnection; }
 
 private:

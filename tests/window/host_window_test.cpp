@@ -7,6 +7,8 @@
 
 #include <gmock/gmock.h>
 
+#include <csignal>
+
 namespace qbrpt {
 namespace {
 
@@ -123,6 +125,18 @@ TEST_P(ManagedHost, MaximisedComesBackMaximised) {
     windows.ShowWindow(host.Id(), ShowCommand::Hide);
     ASSERT_TRUE(Soon([&] { return !host.Viewable(); }));
     windows.ShowWindow(host.Id(), ShowCommand::Show);
+    EXPECT_TRUE(Soon([&] { return host.Viewable() && Place().showCmd == PlaceCode::Maximised; }));
+}
+
+TEST_P(ManagedHost, ComesBackMaximisedFromAManagerThatIsBehind) {
+    ShowHost();
+    host.Maximise();
+    ASSERT_TRUE(Soon([&] { return Place().showCmd == PlaceCode::Maximised; }));
+    desktop.SignalManager(SIGSTOP);
+    windows.ShowWindow(host.Id(), ShowCommand::Hide);
+    windows.ShowWindow(host.Id(), ShowCommand::Show);
+    EXPECT_FALSE(host.Viewable()) << "the manager is to map it";
+    desktop.SignalManager(SIGCONT);
     EXPECT_TRUE(Soon([&] { return host.Viewable() && Place().showCmd == PlaceCode::Maximised; }));
 }
 

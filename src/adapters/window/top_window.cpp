@@ -11,7 +11,8 @@ namespace {
 
 constexpr std::uint32_t MostStates = 64;
 constexpr std::uint32_t IconicState = 3; // of WM_STATE
-constexpr std::uint32_t FromPager = 2;   // a request that the user's wish stands behind
+constexpr std::uint32_t AddState = 1;
+constexpr std::uint32_t FromPager = 2; // a request that the user's wish stands behind
 
 // Bits of _NET_MOVERESIZE_WINDOW: the place is meant without the frame.
 constexpr std::uint32_t StaticGravity = 10;
@@ -94,12 +95,22 @@ void TopWindow::Return(const std::optional<Place>& before) const {
                             mSession.Atom("_NET_WM_STATE"), XCB_ATOM_ATOM, 32,
                             static_cast<std::uint32_t>(before->states.size()), before->states.data());
     xcb_map_window(mSession.Connection(), mWindow);
+    if (before) AskFor(before->states);
     if (before && !before->maximised) PutAt(before->left, before->top);
     if (before && before->minimised)
         mSession.Ask(mWindow, "WM_CHANGE_STATE", {IconicState});
     else
         Activate();
     mSession.Finish();
+}
+
+// A window manager that still has the hiding before it strikes the states off behind the writing of them.
+void TopWindow::AskFor(const std::vector<std::uint32_t>& states) const {
+    if (!IsManaged(mSession)) return;
+    for (std::size_t first = 0; first < states.size(); first += 2) { // a request holds two
+        const xcb_atom_t second = first + 1 < states.size() ? states[first + 1] : xcb_atom_t{XCB_ATOM_NONE};
+        mSession.Ask(mWindow, "_NET_WM_STATE", {AddState, states[first], second, FromPager});
+    }
 }
 
 void TopWindow::PutAt(std::int32_t left, std::int32_t top) const {

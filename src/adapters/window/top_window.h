@@ -54,6 +54,7 @@ public:
 
 private:
     [[nodiscard]] Frame FrameOf() const;
+    void AskFor(const std::vector<std::uint32_t>& states) const;
     void PutAt(std::int32_t left, std::int32_t top) const;
 
     const XSession& mSession;
