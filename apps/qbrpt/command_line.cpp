@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <filesystem>
 #include <map>
 
 namespace qbrpt::cli {
@@ -62,12 +63,25 @@ void AddOptions(CLI::App& command, MemberCall& call, Typed& typed) {
         ->type_name("ANSWER");
 }
 
-void RefuseSameFile(const OutputFiles& files) {
-    for (auto one = files.begin(); one != files.end(); ++one)
-        for (auto other = std::next(one); other != files.end(); ++other)
-            if (one->second == other->second)
-                throw WrongUse(std::string{NameOf(one->first)} + " and " + NameOf(other->first) +
-                               " name the same file.");
+/// Whatever way the names go there.
+std::string Place(const std::string& name) {
+    std::error_code unreachable;
+    const auto place = std::filesystem::weakly_canonical(std::filesystem::absolute(name), unreachable);
+    return unreachable ? name : place.string();
+}
+
+/// What is written may stand in the place neither of the database nor of anything else that is written.
+void RefuseSameFile(const MemberCall& call) {
+    std::vector<std::pair<std::string, std::string>> files = {{"--db", call.database},
+                                                              {"--trace", call.traceFile}};
+    for (const auto& [kind, name] : call.files)
+        files.emplace_back(NameOf(kind), name);
+    std::map<std::string, std::string> taken;
+    for (const auto& [option, name] : files) {
+        if (name.empty()) continue;
+        const auto [other, free] = taken.emplace(Place(name), option);
+        if (!free) throw WrongUse(other->second + " and " + option + " name the same file.");
+    }
 }
 
 /// Where the report goes; raises WrongUse where several ways are asked for.
@@ -76,7 +90,6 @@ Destination DestinationOf(const MemberCall& call, const Typed& typed) {
     if (static_cast<int>(files) + static_cast<int>(typed.print.print) + static_cast<int>(typed.preview) > 1)
         throw WrongUse(
             "Files (--pdf, --csv, --xlsx, --html), --print and --preview cannot be asked for together.");
-    RefuseSameFile(call.files);
     if (files) return Destination::Files;
     if (typed.print.print) return Destination::Printer;
     return typed.preview ? Destination::Preview : Destination::AsCalled;
@@ -111,6 +124,7 @@ void Complete(MemberCall& call, const CLI::App& command, Typed& typed) {
     call.files = typed.files;
     call.print = ReadPrintOptions(command, typed.print);
     call.destination = DestinationOf(call, typed);
+    RefuseSameFile(call);
     if (AsksForMembers(*call.member)) CompleteChoice(call, command, typed);
     if (call.member->outcome == Outcome::Window) {
         if (call.destination == Destination::Files || call.destination == Destination::Printer)
@@ -129,6 +143,20 @@ void AddSample(CLI::App& application, sample::SampleOptions& options) {
         ->capture_default_str()
         ->check(CLI::Range(0, MostSessions));
     command->add_option("--seed", options.seed, "the same seed makes the same rows")->capture_default_str();
+    command->add_flag("--overwrite", options.overwrite,
+                      "takes the place also of a database that is no sample");
+}
+
+/// As the parser takes them, last word first. It would take "-.5" for an option.
+std::vector<std::string> ReversedWords(int count, const char* const* words) {
+    std::vector<std::string> reversed;
+    for (int i = count - 1; i > 0; --i) {
+        const std::string word = words[i];
+        const bool number = word.size() > 2 && word.starts_with("-.") && word[2] >= '0' && word[2] <= '9';
+        const bool ofOption = std::string_view(words[i - 1]).starts_with("--");
+        reversed.push_back(number && !ofOption ? "-0" + word.substr(1) : word);
+    }
+    return reversed;
 }
 
 [[noreturn]] void Refuse(const CLI::App& application, const CLI::ParseError& error,
@@ -191,7 +219,7 @@ Request ReadCommandLine(int count, const char* const* words) {
     AccountsCall accountsCall;
     AddAccounts(application, accountsCall);
     try {
-        application.parse(count, words);
+        application.parse(ReversedWords(count, words));
     } catch (const CLI::CallForHelp&) {
         return Information{HelpOfInnermost(application, "")};
     } catch (const CLI::CallForVersion&) {

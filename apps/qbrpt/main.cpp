@@ -17,8 +17,8 @@ int Answer(const Request& request) {
             if constexpr (std::is_same_v<Asked, MemberCall>) {
                 return RunMember(asked);
             } else if constexpr (std::is_same_v<Asked, Information>) {
-                std::cout << asked.text << std::flush;
-                return std::cout ? ReportMade : ErrorShown;
+                std::cout << asked.text;
+                return ReportMade;
             } else if constexpr (std::is_same_v<Asked, AccountsCall>) {
                 return RunAccounts(asked);
             } else if constexpr (std::is_same_v<Asked, LayoutsCall>) {
@@ -37,7 +37,10 @@ int Answer(const Request& request) {
 int main(int count, char** words) {
     try {
         WatchInterrupts();
-        return Answer(ReadCommandLine(count, words));
+        const int status = Answer(ReadCommandLine(count, words));
+        if (std::cout.flush()) return status;
+        std::cerr << "qbrpt: the answer could not be written to standard output.\n";
+        return status == ReportMade ? ErrorShown : status;
     } catch (const WrongUse& wrong) {
         std::cerr << "qbrpt: " << wrong.what() << '\n';
         return WrongUseGiven;

@@ -1,6 +1,6 @@
 #include "support/locale_text.h"
 
-#include "base/calendar.h"
+#include "base/failure.h"
 #include "platform/locale.h"
 #include "platform/platform.h"
 #include "support/words.h"
@@ -33,11 +33,20 @@ std::int32_t MakeLcid(std::int32_t nLang, std::int32_t nSort) {
     return static_cast<std::int32_t>((sort >> 16U) | static_cast<std::uint32_t>(nLang));
 }
 
+std::optional<Moment> CalendarMoment(double dt) {
+    try {
+        return MomentToTheSecond(dt);
+    } catch (const Failure&) {
+        return std::nullopt;
+    }
+}
+
 std::string FormatLocaleDate(std::int32_t nLcid, double dt, const std::string& sFormat) {
     if (dt == 0) return {};
-    const Moment moment = MomentToTheSecond(dt);
-    return LocaleDateText(nLcid, static_cast<std::int16_t>(moment.day),
-                          static_cast<std::int16_t>(moment.month), static_cast<std::int16_t>(moment.year),
+    const std::optional<Moment> moment = CalendarMoment(dt);
+    if (!moment) return {};
+    return LocaleDateText(nLcid, static_cast<std::int16_t>(moment->day),
+                          static_cast<std::int16_t>(moment->month), static_cast<std::int16_t>(moment->year),
                           sFormat);
 }
 

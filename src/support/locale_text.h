@@ -1,7 +1,10 @@
 // Dates and times in the words of a locale.
 #pragma once
 
+#include "base/calendar.h"
+
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace qbrpt {
@@ -11,8 +14,11 @@ namespace qbrpt {
 /// A locale identifier. The sort order is moved down, not up, and so leaves no trace in it.
 [[nodiscard]] std::int32_t MakeLcid(std::int32_t nLang, std::int32_t nSort);
 
-/// `dt` in the picture `sFormat`; empty text for exactly 0, which is no date. A day number outside the
-/// calendar is FailureNumber::InvalidArgument.
+/// `dt` taken apart as people read it; nothing outside the years 100 to 9999.
+[[nodiscard]] std::optional<Moment> CalendarMoment(double dt);
+
+/// `dt` in the picture `sFormat`; empty text for exactly 0, which is no date, and for a day number
+/// outside the calendar, which no formatter knows.
 [[nodiscard]] std::string FormatLocaleDate(std::int32_t nLcid, double dt, const std::string& sFormat);
 
 /// What the platform's formatter makes of a day or a time of day; empty text where it refuses.

@@ -1,6 +1,5 @@
 #include "support/period_text.h"
 
-#include "base/calendar.h"
 #include "support/calendar_rules.h"
 #include "support/extremes.h"
 #include "support/locale_text.h"
@@ -27,9 +26,10 @@ constexpr Language EnglishOfUs = {9, 1};
 
 std::string DateText(const Language& language, double dt, const std::string& sFormat, bool bWithTime) {
     const std::int32_t locale = MakeLcid(MakeLangId(language.primary, language.sub), 0);
-    const Moment moment = MomentToTheSecond(dt);
-    const std::string time = LocaleTimeText(locale, static_cast<std::int16_t>(moment.hour),
-                                            static_cast<std::int16_t>(moment.minute), TimeOfDay);
+    const std::optional<Moment> moment = CalendarMoment(dt);
+    const std::string time = moment ? LocaleTimeText(locale, static_cast<std::int16_t>(moment->hour),
+                                                     static_cast<std::int16_t>(moment->minute), TimeOfDay)
+                                    : "";
     const std::string date = FormatLocaleDate(locale, dt, sFormat);
     return bWithTime ? date + "  " + time : date;
 }
@@ -63,12 +63,13 @@ PeriodShape ShapeOf(std::int16_t flags, bool bArabic) {
 } // namespace
 
 std::int16_t GetPeriodFlags(double dtStart, double dtEnd) {
-    const Moment start = MomentToTheSecond(dtStart);
-    const Moment end = MomentToTheSecond(dtEnd);
-    const bool wholeMonths = start.day == 1 && end.day == DaysInMonth(static_cast<std::int16_t>(end.month),
-                                                                      static_cast<std::int16_t>(end.year));
-    int flags = start.year != end.year ? PeriodFlag::YearsDiffer : 0;
-    if (wholeMonths) flags |= start.month != end.month ? PeriodFlag::OtherMonth : PeriodFlag::SameMonth;
+    const std::optional<Moment> start = CalendarMoment(dtStart);
+    const std::optional<Moment> end = CalendarMoment(dtEnd);
+    if (!start || !end) return start || end ? PeriodFlag::YearsDiffer : 0;
+    const bool wholeMonths = start->day == 1 && end->day == DaysInMonth(static_cast<std::int16_t>(end->month),
+                                                                        static_cast<std::int16_t>(end->year));
+    int flags = start->year != end->year ? PeriodFlag::YearsDiffer : 0;
+    if (wholeMonths) flags |= start->month != end->month ? PeriodFlag::OtherMonth : PeriodFlag::SameMonth;
     return static_cast<std::int16_t>(flags);
 }
 

@@ -38,6 +38,9 @@ TEST(CommandLine, NegativeNumbersAreArguments) {
     EXPECT_THAT(
         Call({"PrintPCUsage", "-1.5", "-0.5"}).arguments,
         ElementsAre(Argument{-1.5}, Argument{-0.5}, Argument{std::int32_t{0}}, Argument{std::int16_t{1}}));
+    EXPECT_THAT(
+        Call({"PrintPCUsage", "-.5", "-.25e1"}).arguments,
+        ElementsAre(Argument{-0.5}, Argument{-2.5}, Argument{std::int32_t{0}}, Argument{std::int16_t{1}}));
 }
 
 TEST(CommandLine, OptionsMayStandAnywhereBehindTheMember) {
@@ -197,6 +200,11 @@ INSTANTIATE_TEST_SUITE_P(
         WrongRow{"EmptyTray", {"PrintAudit", "--print", "--bin", ""}, "--bin is given without a name"},
         WrongRow{"PrintersOfWords", {"printers", "all"}, "all"},
         WrongRow{"OneFileForBoth", {"PrintAudit", "--pdf", "x", "--csv", "x"}, "the same file"},
+        WrongRow{"OneFileInTwoWays", {"PrintAudit", "--pdf", "x", "--csv", "./y/../x"}, "the same file"},
+        WrongRow{
+            "FileOverDatabase", {"PrintAudit", "--db", "/x/a.db", "--pdf", "/x/./a.db"}, "--db and --pdf"},
+        WrongRow{"TraceOverDatabase", {"PrintAudit", "--db", "a.db", "--trace", "a.db"}, "--db and --trace"},
+        WrongRow{"TraceOverFile", {"PrintAudit", "--trace", "a", "--html", "a"}, "--trace and --html"},
         WrongRow{"OddAnswer", {"PrintAudit", "--on-error", "maybe"}, "maybe"},
         WrongRow{"OptionTwice", {"PrintAudit", "--pdf", "x", "--pdf", "y"}, "--pdf"},
         WrongRow{"SampleWithoutFile", {"sample"}, "file"},

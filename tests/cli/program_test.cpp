@@ -99,6 +99,26 @@ TEST(Program, BillsAlwaysSucceed) {
     EXPECT_EQ(Qbrpt({"PrintBill", "0", "--pdf", "/nowhere/a.pdf"}).status, 0);
 }
 
+TEST(Program, AnAnswerThatCannotBeWrittenIsAnError) {
+    const ProgramResult result = RunProgram({"sh", "-c", QBRPT_COMMAND " CanPrint > /dev/full"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.err, HasSubstr("could not be written"));
+}
+
+TEST(Program, NothingIsWrittenOverTheBooks) {
+    const Cafe cafe;
+    const std::string before = test::ContentOf(cafe.Database());
+    std::filesystem::create_symlink(cafe.Database(), cafe.File("link.pdf"));
+    std::filesystem::create_hard_link(cafe.Database(), cafe.File("other name.csv"));
+    EXPECT_EQ(cafe.Income({"--pdf", cafe.File("link.pdf")}).status, 2);
+    EXPECT_EQ(cafe.Income({"--csv", cafe.File("other name.csv")}).status, 1);
+    const ProgramResult traced =
+        cafe.Income({"--html", cafe.File("i.html"), "--trace", cafe.File("other name.csv")});
+    EXPECT_EQ(traced.status, 0);
+    EXPECT_THAT(traced.err, HasSubstr("cannot be written"));
+    EXPECT_EQ(test::ContentOf(cafe.Database()), before);
+}
+
 TEST(Program, AnswersArePrinted) {
     const Cafe cafe;
     EXPECT_EQ(Qbrpt({"CanPrint"}).out, "1\n");

@@ -1,13 +1,20 @@
 #include "adapters/files/atomic_file.h"
+#include "adapters/files/database_file.h"
 #include "base/failure.h"
 #include "tools/temp_folder.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
+
+#include <map>
 
 namespace qbrpt {
 namespace {
+
+namespace fs = std::filesystem;
 
 using test::ContentOf;
 using test::TempFolder;
@@ -51,6 +58,46 @@ TEST(AtomicFile, KeepsTheOlderFileWithoutCommit) {
     { AtomicFile(folder / "a.pdf").Write("half"); }
     EXPECT_EQ(ContentOf(folder / "a.pdf"), "older");
     EXPECT_THAT(folder.Names(), ElementsAre("a.pdf"));
+}
+
+TEST(AtomicFile, LeavesADatabaseAlone) {
+    using namespace std::string_literals;
+    const TempFolder folder;
+    const std::map<std::string, std::string> heads = {{"cafe.db", "SQLite format 3\0 and more"s},
+                                                      {"cafe.mdb", "\0\1\0\0Standard Jet DB\0"s},
+                                                      {"cafe.accdb", "\0\1\0\0Standard ACE DB\0"s}};
+    for (const auto& [name, head] : heads) {
+        WriteContent(folder / name, head);
+        const Failure failure = FailureOf([&] { AtomicFile(folder / name); });
+        EXPECT_EQ(failure.Number(), FailureNumber::FileAccess) << name;
+        EXPECT_THAT(failure.Description(), HasSubstr("a database stands there")) << name;
+    }
+    fs::create_symlink(folder / "cafe.db", folder / "link.pdf");
+    EXPECT_THAT(FailureOf([&] { AtomicFile(folder / "link.pdf"); }).Description(), HasSubstr("a database"));
+    WriteContent(folder / "short", "SQLite");
+    AtomicFile(folder / "short").Commit();
+}
+
+// Another handle that is closed would give the locks up.
+TEST(HoldsDatabase, LeavesTheLocksOfThisProcessAlone) {
+    const TempFolder folder;
+    WriteContent(folder / "cafe.db", std::string("SQLite format 3\0", 16));
+    const int handle = ::open((folder / "cafe.db").c_str(), O_RDWR | O_CLOEXEC);
+    struct flock lock {};
+    lock.l_type = F_WRLCK;
+    ASSERT_EQ(::fcntl(handle, F_SETLK, &lock), 0);
+    EXPECT_TRUE(HoldsDatabase(folder / "cafe.db"));
+    struct flock seen {};
+    seen.l_type = F_WRLCK;
+    const pid_t other = ::fork();
+    if (other == 0) { // another process is asked: one's own locks are no hindrance
+        ::fcntl(handle, F_GETLK, &seen);
+        ::_exit(seen.l_type == F_WRLCK ? 0 : 1);
+    }
+    int status = -1;
+    ASSERT_EQ(::waitpid(other, &status, 0), other);
+    EXPECT_EQ(status, 0) << "the lock is gone";
+    ::close(handle);
 }
 
 TEST(AtomicFile, ReplacesAnOlderFileAndKeepsItsMode) {

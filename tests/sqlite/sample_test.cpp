@@ -5,7 +5,7 @@
 #include "sqlite/sqlite_tools.h"
 #include "tools/temp_folder.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <sys/stat.h>
 
 #include <atomic>
@@ -23,7 +23,7 @@ class Sample : public testing::Test {
 protected:
     std::filesystem::path Make(int days, int sessions, std::uint64_t seed = 1,
                                const std::string& name = "cafe.db") {
-        MakeSampleDatabase({(mFolder / name).string(), days, sessions, seed, nullptr});
+        MakeSampleDatabase({(mFolder / name).string(), days, sessions, seed});
         return mFolder / name;
     }
 
@@ -191,7 +191,8 @@ TEST_F(Sample, TakesThePlaceOfAnEarlierDatabaseWithItsLog) {
     const auto file = mFolder / "cafe.db";
     {
         Outsider earlier(file);
-        earlier.Run("PRAGMA journal_mode=wal; CREATE TABLE old(x); INSERT INTO old VALUES(1)");
+        earlier.Run("PRAGMA application_id=0x51425250; PRAGMA journal_mode=wal; CREATE TABLE old(x); INSERT "
+                    "INTO old VALUES(1)");
         // Leaves the log behind, as a killed program does.
         std::filesystem::copy_file(mFolder / "cafe.db-wal", mFolder / "kept");
         earlier.Run("PRAGMA wal_checkpoint");
@@ -204,6 +205,22 @@ TEST_F(Sample, TakesThePlaceOfAnEarlierDatabaseWithItsLog) {
     EXPECT_EQ(now.Ask("SELECT count(*) FROM sqlite_schema WHERE name = 'old'"), "0");
 }
 
+TEST_F(Sample, LeavesTheBooksOfACafeAlone) {
+    MakeFile(mFolder / "cafe.db", "CREATE TABLE books(x)");
+    EXPECT_THAT(FailureOf(FailureNumber::FileAccess, [&] { Make(1, 1); }), testing::HasSubstr("--overwrite"));
+    EXPECT_EQ(Outsider(mFolder / "cafe.db").Ask("SELECT count(*) FROM books"), "0");
+    MakeSampleDatabase(
+        {.file = (mFolder / "cafe.db").string(), .days = 1, .sessionsPerDay = 1, .overwrite = true});
+    EXPECT_EQ(Outsider(mFolder / "cafe.db").Ask("SELECT count(*) FROM sqlite_schema WHERE name = 'books'"),
+              "0");
+}
+
+TEST_F(Sample, TakesTheNameOfAnEmptyFile) {
+    test::WriteContent(mFolder / "cafe.db", "");
+    Make(1, 1);
+    EXPECT_EQ(Outsider(mFolder / "cafe.db").Ask("PRAGMA integrity_check"), "ok");
+}
+
 TEST_F(Sample, LeavesAloneWhatItMayNotReplace) {
     test::WriteContent(mFolder / "photo.jpg", "not a database");
     EXPECT_NE(FailureOf(FailureNumber::NotADatabase, [&] { Make(1, 1, 1, "photo.jpg"); }), "");
@@ -213,7 +230,7 @@ TEST_F(Sample, LeavesAloneWhatItMayNotReplace) {
     EXPECT_NE(FailureOf(FailureNumber::InvalidArgument, [] { MakeSampleDatabase({}); }), "");
     {
         Outsider busy(mFolder / "busy.db");
-        busy.Run("CREATE TABLE t(x); BEGIN IMMEDIATE");
+        busy.Run("PRAGMA application_id=0x51425250; CREATE TABLE t(x); BEGIN IMMEDIATE");
         EXPECT_NE(FailureOf(FailureNumber::Locked, [&] { Make(1, 1, 1, "busy.db"); }), "");
         busy.Run("ROLLBACK");
     }
@@ -223,11 +240,14 @@ TEST_F(Sample, LeavesAloneWhatItMayNotReplace) {
 TEST_F(Sample, StoppingHalfWayLeavesNothingBehind) {
     std::atomic<bool> flag{false};
     database::SetCancelFlag(&flag);
-    MakeFile(mFolder / "cafe.db", "CREATE TABLE old(x)");
+    MakeFile(mFolder / "cafe.db", "PRAGMA application_id=0x51425250; CREATE TABLE old(x)");
     const auto stop = [&](double share) { flag = share > 0.3; };
     EXPECT_NE(FailureOf(FailureNumber::Cancelled,
                         [&] {
-                            MakeSampleDatabase({(mFolder / "cafe.db").string(), 50, 20, 1, stop});
+                            MakeSampleDatabase({.file = (mFolder / "cafe.db").string(),
+                                                .days = 50,
+                                                .sessionsPerDay = 20,
+                                                .progress = stop});
                         }),
               "");
     database::SetCancelFlag(nullptr);
@@ -238,8 +258,10 @@ TEST_F(Sample, StoppingHalfWayLeavesNothingBehind) {
 
 TEST_F(Sample, TellsItsProgress) {
     std::vector<double> told;
-    MakeSampleDatabase(
-        {(mFolder / "cafe.db").string(), 20, 5, 1, [&](double share) { told.push_back(share); }});
+    MakeSampleDatabase({.file = (mFolder / "cafe.db").string(),
+                        .days = 20,
+                        .sessionsPerDay = 5,
+                        .progress = [&](double share) { told.push_back(share); }});
     EXPECT_GE(told.size(), 10U);
     EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
     EXPECT_EQ(told.back(), 1);

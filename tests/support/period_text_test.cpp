@@ -131,7 +131,14 @@ TEST_F(SupportTest, AnOverflowReachesTheCallerOfThePeriodText) {
     }
     EXPECT_THROW(static_cast<void>(GetPeriodText(std::numeric_limits<double>::quiet_NaN(), 0, true, false)),
                  Failure);
-    EXPECT_THROW(static_cast<void>(GetPeriodText(1, 5e6, true, false)), Failure);
+}
+
+TEST_F(SupportTest, ADayOutsideTheCalendarHasNoText) {
+    EXPECT_EQ(GetPeriodText(3e6, 0, true, false), "ليوم ");
+    EXPECT_EQ(GetPeriodText(3e6, 0, false, true), "  ");
+    EXPECT_EQ(GetPeriodText(1, 5e6, false, false), "From Sun 31 Dec 1899 Till ");
+    EXPECT_EQ(GetPeriodText(-7e5, 5e6, false, false), "From  Till ");
+    EXPECT_EQ(DateTextArabic(3e9, "MMM", false), "");
 }
 
 TEST_F(SupportTest, DateTextsCarryTheTimeBehindTwoBlanks) {

@@ -148,6 +148,16 @@ TEST(TraceWriterTest, AFileThatCannotBeWrittenIsOneWarning) {
     }
 }
 
+TEST(TraceWriterTest, ADatabaseIsNotWrittenOver) {
+    const TempFolder folder;
+    const std::string content("SQLite format 3\0 and the books", 31);
+    test::WriteContent(folder / "cafe.db", content);
+    ::testing::internal::CaptureStderr();
+    TraceWriter((folder / "cafe.db").string()).MemberCalled("M", {});
+    EXPECT_NE(::testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(ContentOf(folder / "cafe.db"), content);
+}
+
 TEST(TraceWriterTest, TheSettingNamesTheFile) {
     const TempFolder folder;
     ::unsetenv("QBRPT_TRACE");

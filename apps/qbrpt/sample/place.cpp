@@ -1,6 +1,8 @@
 #include "sample/place.h"
 
+#include "adapters/files/database_file.h"
 #include "base/failure.h"
+#include "sample/writer.h"
 
 #include <fcntl.h>
 #include <sqlite3.h>
@@ -10,7 +12,6 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -34,14 +35,33 @@ struct Closer {
     void operator()(sqlite3* handle) const { sqlite3_close(handle); }
 };
 
+/// Whether the head of a SQLite file bears the mark of a sample.
+bool IsSample(std::string_view head) {
+    constexpr std::size_t markAt = 68; // the application's number, highest byte first
+    std::uint32_t mark = 0;
+    for (const char byte : head.substr(std::min(markAt, head.size()), sizeof mark))
+        mark = mark << 8 | static_cast<unsigned char>(byte);
+    return mark == SampleMark;
+}
+
+// The name may belong to the books of a café: only a sample gives its place up unasked.
+void RefuseOther(const std::string& file, bool overwrite) {
+    std::array<char, 72> bytes{};
+    std::ifstream stream(file, std::ios::binary);
+    stream.read(bytes.data(), bytes.size());
+    const std::string_view head(bytes.data(), static_cast<std::size_t>(stream.gcount()));
+    if (KindOfHead(head) != DatabaseKind::Sqlite)
+        Fail(FailureNumber::NotADatabase, file,
+             "is no SQLite database and is left as it is. Choose another name.");
+    if (!overwrite && !IsSample(head))
+        Fail(
+            FailureNumber::FileAccess, file,
+            "is a database that is no sample and is left as it is. Choose another name, or say --overwrite.");
+}
+
 // An earlier database gives up its log first: a log that is left beside another file would be taken for its
 // own. Nobody may have it open meanwhile.
 void CloseEarlierDatabase(const std::string& file) {
-    std::array<char, 16> head{};
-    std::ifstream(file, std::ios::binary).read(head.data(), head.size());
-    if (std::memcmp(head.data(), "SQLite format 3", head.size()) != 0)
-        Fail(FailureNumber::NotADatabase, file,
-             "is no SQLite database and is left as it is. Choose another name.");
     sqlite3* opened = nullptr;
     int code = sqlite3_open_v2(fs::absolute(file).c_str(), &opened, SQLITE_OPEN_READWRITE, nullptr);
     const std::unique_ptr<sqlite3, Closer> handle(opened);
@@ -65,7 +85,7 @@ void FlushToDisk(const std::string& name, int flags) {
 
 } // namespace
 
-Place::Place(const std::string& file) : mFile(file) {
+Place::Place(const std::string& file, bool overwrite) : mFile(file) {
     if (file.empty())
         throw Failure(FailureNumber::InvalidArgument, "No file is named for the sample database.");
     std::error_code none;
@@ -78,7 +98,10 @@ Place::Place(const std::string& file) : mFile(file) {
     if (folder.empty()) folder = ".";
     if (!fs::is_directory(folder, none))
         Fail(FailureNumber::FileNotFound, folder.string(), "is no folder. Make it first, or choose another.");
-    if (fs::exists(status)) CloseEarlierDatabase(file);
+    if (fs::exists(status) && fs::file_size(file, none) > 0) {
+        RefuseOther(file, overwrite);
+        CloseEarlierDatabase(file);
+    }
 
     mTemporary = file + ".new-XXXXXX";
     const int handle = ::mkostemp(mTemporary.data(), O_CLOEXEC);

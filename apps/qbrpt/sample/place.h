@@ -9,7 +9,7 @@ namespace qbrpt::sample {
 class Place {
 public:
     /// Raises a Failure at once where the place cannot be taken later.
-    explicit Place(const std::string& file);
+    Place(const std::string& file, bool overwrite);
     ~Place();
     Place(const Place&) = delete;
     Place& operator=(const Place&) = delete;

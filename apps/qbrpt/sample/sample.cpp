@@ -86,7 +86,7 @@ void Fill(Writer& writer, const SampleOptions& options) {
 
 void MakeSampleDatabase(const SampleOptions& options) {
     Check(options);
-    Place place(options.file);
+    Place place(options.file, options.overwrite);
     {
         Writer writer(place.TemporaryName());
         Fill(writer, options);

@@ -13,6 +13,7 @@ Writer::Writer(const std::string& path) {
         Run("PRAGMA synchronous = OFF");
         Run("PRAGMA locking_mode = EXCLUSIVE");
         Run("PRAGMA cache_size = -65536");
+        Run("PRAGMA application_id = " + std::to_string(SampleMark));
         Run("BEGIN");
     } catch (...) {
         sqlite3_close_v2(mHandle);

@@ -11,6 +11,9 @@
 
 namespace qbrpt::sample {
 
+/// The application's number in the files that are made here: by it they are told from a café's books.
+constexpr std::uint32_t SampleMark = 0x51425250;
+
 /// A new database file being filled. No other program knows of it yet, so nothing in it is protected until
 /// Finish.
 class Writer {

@@ -1,5 +1,6 @@
 #include "adapters/files/atomic_file.h"
 
+#include "adapters/files/database_file.h"
 #include "adapters/files/system_words.h"
 #include "base/failure.h"
 
@@ -50,6 +51,8 @@ AtomicFile::AtomicFile(const fs::path& target) : mTarget(target) {
         mDirect = true;
         return;
     }
+    if (exists && HoldsDatabase(target))
+        RefuseTarget(target, "a database stands there, which is left as it is. Choose another name.");
     if (exists && ::access(target.c_str(), W_OK) != 0) RefuseTarget(target, SystemWords(errno));
     // A link to a file keeps pointing at it: the file behind it is replaced, not the link.
     std::error_code unresolved;

@@ -13,10 +13,13 @@ namespace qbrpt {
 /// name) in the folder of its target. Only a commit gives it the target's name; without one, whatever
 /// stood there before stays untouched, also after a crash.
 ///
+/// A database is never replaced.
+///
 /// A target that is no ordinary file (a device, a pipe) is written to directly.
 class AtomicFile : public ByteSink {
 public:
-    /// Begins the file. Raises FileAccess when the folder or an existing target cannot be written.
+    /// Begins the file. Raises FileAccess when the folder or an existing target cannot be
+    /// written, and where a database stands.
     explicit AtomicFile(const std::filesystem::path& target);
     ~AtomicFile() override;
     AtomicFile(const AtomicFile&) = delete;

@@ -1,5 +1,6 @@
 #include "adapters/trace/trace_writer.h"
 
+#include "adapters/files/database_file.h"
 #include "adapters/trace/trace_events.h"
 
 #include <cstdlib>
@@ -9,9 +10,9 @@
 
 namespace qbrpt {
 
-TraceWriter::TraceWriter(const std::string& file)
-    : mName(file), mFile(file, std::ios::binary | std::ios::out | std::ios::trunc) {
-    if (!mFile) Warn();
+TraceWriter::TraceWriter(const std::string& file) : mName(file) {
+    if (!HoldsDatabase(file)) mFile.open(file, std::ios::binary | std::ios::out | std::ios::trunc);
+    if (!mFile.is_open()) Warn();
 }
 
 void TraceWriter::Warn() noexcept {

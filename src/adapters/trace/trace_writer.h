@@ -10,7 +10,7 @@
 namespace qbrpt {
 
 /// Writes events in the order in which they happen, each line whole and at once. Tracing never disturbs
-/// the run: a file that cannot be written gives one warning on standard error.
+/// the run: a file that cannot be written, or that holds a database, gives one warning on standard error.
 class TraceWriter : public PortObserver {
 public:
     explicit TraceWriter(const std::string& file);

@@ -2,6 +2,7 @@
 
 #include "adapters/database/sqlite/sqlite_error.h"
 #include "adapters/database/sqlite/sqlite_statement.h"
+#include "adapters/files/database_file.h"
 #include "base/failure.h"
 
 #include <sys/stat.h>
@@ -18,7 +19,6 @@ namespace {
 
 constexpr int BusyMilliseconds = 5000;
 constexpr std::size_t HeaderSize = 100;
-constexpr std::string_view SqliteMagic{"SQLite format 3\0", 16};
 
 std::string Named(const std::string& name) {
     return "The database \"" + name + "\"";
@@ -73,12 +73,11 @@ std::string HeaderOf(sqlite3* handle) {
 }
 
 void CheckHeader(const std::string& name, const std::string& header) {
-    if (header.substr(0, SqliteMagic.size()) == SqliteMagic) return;
+    const DatabaseKind kind = KindOfHead(header);
+    if (kind == DatabaseKind::Sqlite) return;
     if (header.empty())
         throw Failure(FailureNumber::NotADatabase, Named(name) + " is an empty file or cannot be read.");
-    constexpr std::size_t jetMagicAt = 4;
-    const std::string jet = header.size() > jetMagicAt ? header.substr(jetMagicAt) : std::string();
-    if (jet.rfind("Standard Jet DB", 0) == 0 || jet.rfind("Standard ACE DB", 0) == 0)
+    if (kind == DatabaseKind::Access)
         throw Failure(FailureNumber::NotADatabase,
                       Named(name) +
                           " is a Microsoft Access file, which cannot be read yet. Turn it into a SQLite "
