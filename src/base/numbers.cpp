@@ -52,10 +52,10 @@ std::string DecimalText(std::int32_t value) {
 }
 
 std::string RoundTripText(double value) {
+    if (value == 0) return "0"; // also for -0.0
     std::array<char, 512> text{};
     const double size = std::fabs(value);
-    const auto form =
-        (size != 0 && (size < 1e-7 || size >= 1e17)) ? std::chars_format::general : std::chars_format::fixed;
+    const auto form = (size < 1e-7 || size >= 1e17) ? std::chars_format::general : std::chars_format::fixed;
     const auto end = std::to_chars(text.data(), text.data() + text.size(), value, form);
     return {text.data(), end.ptr};
 }

@@ -83,6 +83,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Cell{"NumberAsDate", 0, 45717.5, "2025-03-01 12:00:00"},
                     Cell{"Money", 1, 1234567.25, "1234567.25"}, Cell{"Tenth", 1, 0.1, "0.1"},
                     Cell{"Sum", 1, 0.1 + 0.2, "0.30000000000000004"}, Cell{"Negative", 1, -0.35, "-0.35"},
+                    Cell{"NegativeZero", 1, -0.0, "0"}, Cell{"NegativeZeroAsWhole", 2, -0.0, "0"},
                     Cell{"Large", 1, 1e20, "1e+20"}, Cell{"WholeInNumber", 1, std::int64_t{-12}, "-12"},
                     Cell{"NotANumber", 1, std::numeric_limits<double>::quiet_NaN(), ""},
                     Cell{"Infinite", 1, std::numeric_limits<double>::infinity(), ""},
