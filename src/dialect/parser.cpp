@@ -18,6 +18,11 @@ constexpr std::array<std::string_view, 37> ReservedWords = {
     "LIKE",   "MOD",    "XOR",   "EQV",   "BETWEEN", "IMP",      "EXISTS", "INSERT", "INTO", "UPDATE",
     "SET",    "DELETE", "TRUE",  "FALSE", "VALUES",  "DISTINCT", "CROSS"};
 
+// What begins statements of the engine or of others that are neither read nor carried out.
+constexpr std::array<std::string_view, 18> RefusedWords = {
+    "DROP",    "CREATE", "ALTER",  "TRUNCATE", "REPLACE", "MERGE",  "PRAGMA",   "ATTACH", "DETACH",
+    "EXECUTE", "EXEC",   "VACUUM", "REINDEX",  "BEGIN",   "COMMIT", "ROLLBACK", "GRANT",  "REVOKE"};
+
 struct TypeWord {
     std::string_view word;
     ValueKind kind;
@@ -66,6 +71,10 @@ bool Parser::IsWord(const Token& token, std::string_view word) {
     return token.type == TokenType::Word && SameName(token.raw, word);
 }
 
+bool Parser::IsAny(std::span<const std::string_view> words) const {
+    return std::any_of(words.begin(), words.end(), [this](std::string_view word) { return IsWord(word); });
+}
+
 bool Parser::IsSymbol(std::string_view symbol) const {
     return mToken.type == TokenType::Symbol && mToken.raw == symbol;
 }
@@ -94,11 +103,14 @@ void Parser::Raise(const std::string& what) const {
     mDiagnostics.Raise(FailureNumber::SyntaxError, mToken.offset, mToken.raw, what);
 }
 
+void Parser::RaiseRefused(const std::string& what) const {
+    mDiagnostics.Raise(FailureNumber::WriteRefused, mToken.offset, mToken.raw, what);
+}
+
 bool Parser::IsName() const {
     if (mToken.type == TokenType::Name) return true;
     if (mToken.type != TokenType::Word) return false;
-    return std::none_of(ReservedWords.begin(), ReservedWords.end(),
-                        [this](std::string_view word) { return IsWord(word); });
+    return !IsAny(ReservedWords);
 }
 
 std::string Parser::TakeName(std::string_view what, bool anyWord) {
@@ -120,16 +132,17 @@ Statement Parser::ParseStatement() {
         ParseDelete(statement);
     else if (mToken.type == TokenType::End)
         Raise("The statement is empty");
+    else if (IsAny(RefusedWords))
+        RaiseRefused(std::string(mToken.raw) +
+                     " is refused: a statement reads with SELECT, or writes rows with "
+                     "INSERT, UPDATE or DELETE");
     else
         RaiseExpected("SELECT, INSERT, UPDATE or DELETE");
     while (AcceptSymbol(";")) {}
     if (mToken.type == TokenType::End) return statement;
-    for (const std::string_view word : {"SELECT", "INSERT", "UPDATE", "DELETE", "DROP", "CREATE", "ALTER",
-                                        "PARAMETERS", "PRAGMA", "ATTACH", "EXEC", "EXECUTE", "TRUNCATE"}) {
-        if (IsWord(word))
-            mDiagnostics.Raise(FailureNumber::WriteRefused, mToken.offset, mToken.raw,
-                               "One statement at a time: a second one begins here");
-    }
+    constexpr std::array<std::string_view, 5> taken = {"SELECT", "INSERT", "UPDATE", "DELETE", "PARAMETERS"};
+    if (IsAny(taken) || IsAny(RefusedWords))
+        RaiseRefused("One statement at a time: a second one begins here");
     Raise("The statement should end here");
 }
 

@@ -5,6 +5,7 @@
 #include "dialect/tree.h"
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -16,7 +17,7 @@ public:
     Parser(std::string_view statement, const Diagnostics& diagnostics);
 
     /// The whole text as one statement; a trailing ";" is welcome, a second statement is not. Raises
-    /// SyntaxError, or WriteRefused for a second statement.
+    /// SyntaxError, or WriteRefused for a second statement and for what is no statement on rows.
     [[nodiscard]] Statement ParseStatement();
 
 private:
@@ -24,6 +25,7 @@ private:
     Token Take();
     [[nodiscard]] const Token& Next();
     [[nodiscard]] bool IsWord(std::string_view word) const { return IsWord(mToken, word); }
+    [[nodiscard]] bool IsAny(std::span<const std::string_view> words) const;
     [[nodiscard]] static bool IsWord(const Token& token, std::string_view word);
     [[nodiscard]] bool IsSymbol(std::string_view symbol) const;
     bool Accept(std::string_view word);
@@ -33,6 +35,7 @@ private:
     [[nodiscard]] bool IsName() const;
     [[nodiscard]] std::string TakeName(std::string_view what, bool anyWord = false);
     [[noreturn]] void Raise(const std::string& what) const;
+    [[noreturn]] void RaiseRefused(const std::string& what) const;
     [[noreturn]] void RaiseExpected(const std::string& what) const { Raise("Expected " + what); }
 
     // Statements.

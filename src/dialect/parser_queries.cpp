@@ -38,6 +38,7 @@ std::unique_ptr<Select> Parser::ParseSelect() {
         if (select->items.size() >= MostItems) Raise("This SELECT has too many columns");
         select->items.push_back(ParseItem());
     } while (AcceptSymbol(","));
+    if (IsWord("INTO")) RaiseRefused("SELECT with INTO is refused: a SELECT reads rows and makes no table");
     if (Accept("FROM")) select->from = ParseFrom(*select);
     if (Accept("WHERE")) select->where = ParseExpression();
     if (Accept("GROUP")) {

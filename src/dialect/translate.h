@@ -42,7 +42,8 @@ struct Translation {
 };
 
 /// Translates one statement for SQLite. Raises a Failure that says what is wrong and where: line, column
-/// and the word (SyntaxError, UnknownName, or WriteRefused where a second statement follows).
+/// and the word (SyntaxError, UnknownName, or WriteRefused where a second statement follows
+/// or it is none on rows).
 [[nodiscard]] Translation TranslateForSqlite(std::string_view statement, const Catalogue& catalogue);
 
 } // namespace qbrpt::dialect

@@ -171,7 +171,12 @@ INSTANTIATE_TEST_SUITE_P(
             "A report query only reads: INSERT is refused. Only a SELECT can be opened as a record set."},
         BadQueryRow{"Drop",
                     {"PrintPPInfo", "DROP TABLE pp_dat"},
-                    "Expected SELECT, INSERT, UPDATE or DELETE (line 1, column 1, at \"DROP\")."},
+                    "DROP is refused: a statement reads with SELECT, or writes rows with INSERT, UPDATE or "
+                    "DELETE (line 1, column 1, at \"DROP\")."},
+        BadQueryRow{"Into",
+                    {"PrintPPCards", "SELECT * INTO copied FROM pp_dat"},
+                    "SELECT with INTO is refused: a SELECT reads rows and makes no table (line 1, column 10, "
+                    "at \"INTO\")."},
         BadQueryRow{"SecondStatement",
                     {"PrintPPCards", "SELECT pp_id FROM pp_dat; DELETE FROM pp_dat"},
                     "One statement at a time: a second one begins here (line 1, column 27, at \"DELETE\")."},

@@ -30,12 +30,31 @@ const Row Rows[] = {
     {"NoStatement", "hello",
      "3075: Expected SELECT, INSERT, UPDATE or DELETE (line 1, column 1, at \"hello\")."},
     {"Pragma", "PRAGMA journal_mode",
-     "3075: Expected SELECT, INSERT, UPDATE or DELETE (line 1, column 1, at "
-     "\"PRAGMA\")."},
+     "3027: PRAGMA is refused: a statement reads with SELECT, or writes rows with INSERT, UPDATE or "
+     "DELETE (line 1, column 1, at \"PRAGMA\")."},
     {"Attach", "ATTACH 'x' AS y",
-     "3075: Expected SELECT, INSERT, UPDATE or DELETE (line 1, column 1, at \"ATTACH\")."},
+     "3027: ATTACH is refused: a statement reads with SELECT, or writes rows with INSERT, UPDATE or "
+     "DELETE (line 1, column 1, at \"ATTACH\")."},
     {"Drop", "DROP TABLE users",
-     "3075: Expected SELECT, INSERT, UPDATE or DELETE (line 1, column 1, at \"DROP\")."},
+     "3027: DROP is refused: a statement reads with SELECT, or writes rows with INSERT, UPDATE or "
+     "DELETE (line 1, column 1, at \"DROP\")."},
+    {"Create", "CREATE TABLE b AS SELECT * FROM users",
+     "3027: CREATE is refused: a statement reads with SELECT, or writes rows with INSERT, UPDATE or "
+     "DELETE (line 1, column 1, at \"CREATE\")."},
+    {"Alter", "alter TABLE users ADD COLUMN x INT",
+     "3027: alter is refused: a statement reads with SELECT, or writes rows with INSERT, UPDATE or "
+     "DELETE (line 1, column 1, at \"alter\")."},
+    {"Into", "SELECT id, user_name INTO b FROM users",
+     "3027: SELECT with INTO is refused: a SELECT reads rows and makes no table (line 1, column 22, at "
+     "\"INTO\")."},
+    {"IntoWithoutATable", "SELECT 1 INTO b",
+     "3027: SELECT with INTO is refused: a SELECT reads rows and makes no table (line 1, column 10, at "
+     "\"INTO\")."},
+    {"IntoInsideAUnion", "SELECT id FROM users UNION SELECT id INTO b FROM members",
+     "3027: SELECT with INTO is refused: a SELECT reads rows and makes no table (line 1, column 38, at "
+     "\"INTO\")."},
+    {"SecondDrop", "SELECT id FROM users; DROP TABLE users",
+     "3027: One statement at a time: a second one begins here (line 1, column 23, at \"DROP\")."},
     {"MisspeltFrom", "SELECT id FORM users",
      "3075: The statement should end here (line 1, column 11, at \"FORM\")."},
     {"SecondLine", "SELECT id\rFROM users\rWHERE id == 1",
