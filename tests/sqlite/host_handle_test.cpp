@@ -108,6 +108,51 @@ TEST_F(HostHandle, TheHostsTemporaryTablesAreTables) {
     EXPECT_THROW(static_cast<void>(database->OpenRecordset("SELECT n FROM scratch")), Failure);
 }
 
+TEST_F(HostHandle, TextThatTheHostPutsIntoAComparedDateColumnIsMet) {
+    mHost.Run("CREATE TABLE days(d DATETIME, n INT); INSERT INTO days VALUES(37787, 1);"
+              "CREATE TEMP TABLE passing(d DATETIME, n INT); INSERT INTO passing VALUES(37787, 1)");
+    const auto database = WrapSqliteHandle(mHost.Handle());
+    for (const std::string table : {"days", "passing"}) {
+        SCOPED_TRACE(table);
+        const std::string compared = "SELECT n FROM " + table + " WHERE d < 40000";
+        EXPECT_EQ(RowsText(database->OpenRecordset(compared)), "1\n");
+        mHost.Run("BEGIN; INSERT INTO " + table + " VALUES('2003-06-15', 2)");
+        const std::string text = FailureOf(FailureNumber::BadColumn,
+                                           [&] { static_cast<void>(database->OpenRecordset(compared)); });
+        EXPECT_NE(text.find(table + ".d"), std::string::npos) << text;
+        mHost.Run("ROLLBACK");
+        EXPECT_EQ(RowsText(database->OpenRecordset(compared)), "1\n");
+    }
+}
+
+TEST_F(HostHandle, TextThatComesBackIntoAComparedDateColumnIsMet) {
+    mHost.Run("CREATE TABLE days(d DATETIME, n INT); INSERT INTO days VALUES('2003-06-15', 1)");
+    const auto database = WrapSqliteHandle(mHost.Handle());
+    mHost.Run("BEGIN; UPDATE days SET d = 37787");
+    const char* compared = "SELECT n FROM days WHERE d < 40000";
+    EXPECT_EQ(RowsText(database->OpenRecordset(compared)), "1\n");
+    mHost.Run("ROLLBACK");
+    EXPECT_NE(
+        FailureOf(FailureNumber::BadColumn, [&] { static_cast<void>(database->OpenRecordset(compared)); }),
+        "");
+}
+
+TEST_F(HostHandle, TheHostsAuthorizerStays) {
+    mHost.Run("CREATE TABLE days(d DATETIME); CREATE VIEW both AS SELECT d, id FROM days, t");
+    int calls = 0;
+    sqlite3_set_authorizer(
+        mHost.Handle(),
+        [](void* count, int, const char*, const char*, const char*, const char*) {
+            ++*static_cast<int*>(count);
+            return SQLITE_OK;
+        },
+        &calls);
+    EXPECT_EQ(RowsText(WrapSqliteHandle(mHost.Handle())->OpenRecordset("SELECT id FROM both")), "");
+    calls = 0;
+    static_cast<void>(mHost.Ask("SELECT count(*) FROM t"));
+    EXPECT_GT(calls, 0);
+}
+
 TEST_F(HostHandle, ABusyHandleFailsAtOnceWithItsOwnWords) {
     Outsider other(mFile);
     other.Run("BEGIN EXCLUSIVE");

@@ -48,24 +48,26 @@ ValueKind KindOfDeclaration(std::string_view declaration) {
     return ValueKind::Null;
 }
 
-SqliteSchema::Versions SqliteSchema::ReadVersions() const {
-    const auto ask = [this](const char* pragma) {
-        SqliteStatement statement(mHandle, pragma, "");
-        RowView row;
-        return statement.Step(row) ? row[0].whole : 0;
-    };
-    return {ask("PRAGMA main.schema_version"), ask("PRAGMA temp.schema_version")};
+std::int64_t SqliteSchema::Ask(const char* pragma) const {
+    SqliteStatement statement(mHandle, pragma, "");
+    RowView row;
+    return statement.Step(row) ? row[0].whole : 0;
 }
 
 void SqliteSchema::BeginStatement() {
-    const Versions versions = ReadVersions();
-    if (versions != mVersions) {
+    const Versions tables{Ask("PRAGMA main.schema_version"), Ask("PRAGMA temp.schema_version")};
+    const Versions rows{Ask("PRAGMA main.data_version"), sqlite3_total_changes64(mHandle)};
+    if (tables != mTablesAre) {
         mTables.clear();
         ReadTables();
-        mVersions = versions;
+        mTablesAre = tables;
     }
-    for (auto& [name, entry] : mTables)
+    for (auto& [name, entry] : mTables) {
         entry.asked = false;
+        if (rows != mRowsAre) entry.checked.clear();
+    }
+    // What an open transaction has written may be undone, which nothing would tell.
+    mRowsAre = sqlite3_txn_state(mHandle, nullptr) == SQLITE_TXN_WRITE ? Versions{-1, -1} : rows;
 }
 
 void SqliteSchema::ReadTables() const {
@@ -125,16 +127,56 @@ const dialect::Table* SqliteSchema::FindTable(std::string_view name) const {
     Entry& entry = found->second;
     if (!entry.read) ReadColumns(entry);
     entry.asked = true;
-    if (!entry.problem.empty())
-        throw Failure(FailureNumber::DatabaseEngine,
-                      "\"" + entry.table.name + "\" of the database cannot be read. " + entry.problem);
+    if (!entry.problem.empty()) RaiseUnreadable(entry, entry.problem);
     return &entry.table;
 }
 
+void SqliteSchema::RaiseUnreadable(const Entry& entry, const std::string& problem) {
+    throw Failure(FailureNumber::DatabaseEngine,
+                  "\"" + entry.table.name + "\" of the database cannot be read. " + problem);
+}
+
+const std::set<SqliteSchema::TableName>& SqliteSchema::TablesBehind(Entry& view) const {
+    try {
+        if (!view.behind) view.behind = ReadTablesBehind(view);
+    } catch (const Failure& failure) {
+        if (failure.Number() != FailureNumber::DatabaseEngine) throw;
+        RaiseUnreadable(view, failure.Description());
+    }
+    return *view.behind;
+}
+
+// The engine's own program for the view tells what it opens, through however many views: tables, or indexes
+// in their place, by the page at which they begin. An authorizer would tell it too, but a host's handle may
+// have one already, which could not be put back.
+std::set<SqliteSchema::TableName> SqliteSchema::ReadTablesBehind(const Entry& view) const {
+    std::map<std::pair<std::int64_t, std::int64_t>, TableName> byPage;
+    RowView row;
+    SqliteStatement pages(mHandle,
+                          "SELECT 0, 'main', tbl_name, rootpage FROM main.sqlite_schema UNION ALL "
+                          "SELECT 1, 'temp', tbl_name, rootpage FROM temp.sqlite_schema",
+                          "");
+    while (pages.Step(row))
+        byPage[{row[0].whole, row[3].whole}] = {TextOf(row[1]), TextOf(row[2])};
+
+    std::set<TableName> found;
+    SqliteStatement program(mHandle, "EXPLAIN SELECT * FROM " + view.schema + "." + Quoted(view.table.name),
+                            "");
+    while (program.Step(row)) { // address, operation, p1, p2 (the page), p3 (the database), ...
+        const std::string operation = TextOf(row[1]);
+        if (operation != "OpenRead" && operation != "ReopenIdx") continue;
+        const auto opened = byPage.find({row[4].whole, row[3].whole});
+        if (opened != byPage.end()) found.insert(opened->second);
+    }
+    return found;
+}
+
 void SqliteSchema::CheckDates(const std::vector<dialect::DateColumn>& dates) {
-    const bool all = std::any_of(mTables.begin(), mTables.end(),
-                                 [](const auto& each) { return each.second.asked && each.second.isView; });
+    std::set<TableName> behind;
+    for (auto& [name, entry] : mTables)
+        if (entry.asked && entry.isView) behind.merge(std::set(TablesBehind(entry)));
     for (auto& [name, entry] : mTables) {
+        const bool all = behind.contains({entry.schema, entry.table.name});
         if (entry.isView || (!all && !entry.asked)) continue;
         if (!entry.read) ReadColumns(entry);
         std::vector<std::string> columns;
