@@ -103,4 +103,10 @@ const Builtin* FindBuiltin(std::string_view name) {
     return found == Builtins.end() ? nullptr : found;
 }
 
+const Builtin* FindEmitted(std::string_view emitted) {
+    const auto* found = std::find_if(Builtins.begin(), Builtins.end(),
+                                     [emitted](const Builtin& entry) { return entry.emitted == emitted; });
+    return found == Builtins.end() ? nullptr : found;
+}
+
 } // namespace qbrpt::dialect

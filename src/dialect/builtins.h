@@ -68,6 +68,9 @@ struct Builtin {
 /// The function of this name, any case; nullptr where there is none.
 [[nodiscard]] const Builtin* FindBuiltin(std::string_view name);
 
+/// The first function behind which our own function of this name stands; nullptr where there is none.
+[[nodiscard]] const Builtin* FindEmitted(std::string_view emitted);
+
 [[nodiscard]] constexpr bool IsAggregate(Form form) {
     return form >= Form::Count;
 }

@@ -62,8 +62,9 @@ std::int64_t WholeOf(const Value& value) {
 int SmallOf(const Value& value, int limit) {
     const std::int64_t whole = WholeOf(value);
     if (whole < -limit || whole > limit)
-        throw Failure(FailureNumber::InvalidArgument,
-                      "A function of the statement can't take the number " + std::to_string(whole) + ".");
+        throw Failure(FailureNumber::InvalidArgument, "The number " + std::to_string(whole) +
+                                                          " does not lie between -" + std::to_string(limit) +
+                                                          " and " + std::to_string(limit) + ".");
     return static_cast<int>(whole);
 }
 

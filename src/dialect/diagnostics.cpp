@@ -22,12 +22,6 @@ std::string Shown(std::string_view word) {
     return shown;
 }
 
-std::string Quoted(std::string_view word) {
-    const std::string valid = Shown(word.substr(0, LongestQuotedWord * 4));
-    const std::string_view head = FirstCharacters(valid, LongestQuotedWord);
-    return '"' + std::string(head) + (head.size() < valid.size() ? "...\"" : "\"");
-}
-
 } // namespace
 
 Place PlaceOf(std::string_view statement, std::size_t offset) {
@@ -44,15 +38,21 @@ Place PlaceOf(std::string_view statement, std::size_t offset) {
     return place;
 }
 
+std::string QuotedWord(std::string_view word) {
+    const std::string valid = Shown(word.substr(0, LongestQuotedWord * 4));
+    const std::string_view head = FirstCharacters(valid, LongestQuotedWord);
+    return '"' + std::string(head) + (head.size() < valid.size() ? "...\"" : "\"");
+}
+
 Diagnostics::Diagnostics(std::string_view statement, std::string savedQuery)
     : mStatement(statement), mSavedQuery(std::move(savedQuery)) {}
 
 void Diagnostics::Raise(FailureNumber number, std::size_t offset, std::string_view word,
                         const std::string& what) const {
     const Place place = PlaceAt(offset);
-    std::string text = mSavedQuery.empty() ? "" : "In the saved query " + Quoted(mSavedQuery) + ": ";
+    std::string text = mSavedQuery.empty() ? "" : "In the saved query " + QuotedWord(mSavedQuery) + ": ";
     text += what + " (line " + std::to_string(place.line) + ", column " + std::to_string(place.column);
-    text += word.empty() ? ", at the end of the statement)." : ", at " + Quoted(word) + ").";
+    text += word.empty() ? ", at the end of the statement)." : ", at " + QuotedWord(word) + ").";
     throw Failure(number, text);
 }
 

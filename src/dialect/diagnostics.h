@@ -18,6 +18,9 @@ struct Place {
 
 [[nodiscard]] Place PlaceOf(std::string_view statement, std::size_t offset);
 
+/// A word or a text in quotes, cut where it is long, fit for a message box.
+[[nodiscard]] std::string QuotedWord(std::string_view word);
+
 /// The text of one statement, for messages that quote it.
 class Diagnostics {
 public:

@@ -1,7 +1,12 @@
 #include "dialect/functions.h"
 
+#include "base/failure.h"
+#include "dialect/builtins.h"
+#include "dialect/convert.h"
+#include "dialect/diagnostics.h"
 #include "dialect/function_groups.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
 #include <vector>
@@ -52,11 +57,58 @@ std::vector<ScalarFunction> CollectScalars() {
     return all;
 }
 
+/// How a call is told that stands in no statement under its own name.
+struct CallWords {
+    std::string_view emitted;
+    std::string_view before;
+    std::string_view between;
+    std::string_view after;
+};
+
+constexpr auto OwnWords = std::to_array<CallWords>({
+    {"qb_like", "", " Like ", ""},
+    {"qb_power", "", " ^ ", ""},
+    {"qb_xor", "", " Xor ", ""},
+    {"qb_implies", "", " Imp ", ""},
+    {"qb_cday", "CLng(", "", ")"},
+    {"qb_whole", "the whole number of ", "", ""},
+    {"qb_snap", "the date ", "", ""},
+    {"qb_date_text", "the text of the date ", "", ""},
+    {"qb_cstr_date", "the text of the date ", "", ""},
+    {"qb_boolname", "the text of the truth of ", "", ""},
+});
+
+std::string CallText(const ScalarFunction& function, std::span<const Value> arguments) {
+    const auto* own = std::find_if(OwnWords.begin(), OwnWords.end(), [&function](const CallWords& words) {
+        return words.emitted == function.emittedName;
+    });
+    const bool named = own == OwnWords.end();
+    const Builtin* builtin = named ? FindEmitted(function.emittedName) : nullptr;
+    const std::string_view name = builtin != nullptr ? builtin->name : function.emittedName;
+    std::string text = named ? std::string(name) + "(" : std::string(own->before);
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        if (i > 0) text += named ? ", " : own->between;
+        const Value& value = arguments[i];
+        text += IsNull(value)                      ? "Null"
+                : KindOf(value) == ValueKind::Text ? QuotedWord(std::get<std::string>(value))
+                                                   : TextOf(value);
+    }
+    return text.append(named ? ")" : own->after);
+}
+
 } // namespace
 
 std::span<const ScalarFunction> ScalarFunctions() {
     static const std::vector<ScalarFunction> all = CollectScalars();
     return all;
+}
+
+Value Evaluate(const ScalarFunction& function, std::span<const Value> arguments, const FunctionWorld& world) {
+    try {
+        return function.evaluate(arguments, world);
+    } catch (const Failure& failure) {
+        throw Failure(failure.Number(), CallText(function, arguments) + ": " + failure.Description());
+    }
 }
 
 std::span<const AggregateFunction> AggregateFunctions() {

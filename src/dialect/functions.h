@@ -25,6 +25,11 @@ struct ScalarFunction {
 
 [[nodiscard]] std::span<const ScalarFunction> ScalarFunctions();
 
+/// What the function gives. A failure of it is raised with the call in front, as a statement of the dialect
+/// would write it: `CLng("abc"): The text "abc" is no number.`
+[[nodiscard]] Value Evaluate(const ScalarFunction& function, std::span<const Value> arguments,
+                             const FunctionWorld& world);
+
 /// The rows of one group, seen one after the other.
 class Accumulator {
 public:

@@ -20,7 +20,7 @@ constexpr int LongestText = 1 << 24; // bytes that a function may make
 
 std::size_t LengthOf(const Value& value) {
     const int length = SmallOf(value);
-    if (length < 0) RaiseArgument("A function of the statement was given a negative length.");
+    if (length < 0) RaiseArgument("A length cannot be negative.");
     return static_cast<std::size_t>(length);
 }
 
@@ -117,7 +117,7 @@ Value Replace(Arguments a, const FunctionWorld&) {
         } else {
             AppendCharacter(result, text[at++]);
         }
-        if (result.size() > LongestText) RaiseArgument("Replace would make a text that is too long.");
+        if (result.size() > LongestText) RaiseArgument("The text would be too long.");
     }
     return result;
 }
@@ -139,8 +139,7 @@ Value StrReverse(Arguments a, const FunctionWorld&) {
 
 std::string Repeated(const Value& count, char32_t character) {
     const std::size_t length = LengthOf(count);
-    if (length > LongestText / 4)
-        RaiseArgument("A function of the statement would make a text that is too long.");
+    if (length > LongestText / 4) RaiseArgument("The text would be too long.");
     std::string text;
     for (std::size_t i = 0; i < length; ++i)
         AppendCharacter(text, character);

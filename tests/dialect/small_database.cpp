@@ -55,7 +55,7 @@ struct Bound {
 void CallScalar(sqlite3_context* context, int count, sqlite3_value** values) {
     const auto* bound = static_cast<const Bound*>(sqlite3_user_data(context));
     try {
-        ToSqlite(context, bound->function->evaluate(ArgumentsOf(count, values), *bound->world));
+        ToSqlite(context, Evaluate(*bound->function, ArgumentsOf(count, values), *bound->world));
     } catch (const Failure& failure) {
         sqlite3_result_error(context, failure.what(), -1);
     }

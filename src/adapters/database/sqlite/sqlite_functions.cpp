@@ -79,7 +79,7 @@ void Evaluate(sqlite3_context* context, int count, sqlite3_value** values) {
     Guarded(context, [&](FunctionRun& run) {
         const auto& function = *static_cast<const ScalarFunction*>(sqlite3_user_data(context));
         const FunctionWorld world{function.usesNow ? run.Now() : 0};
-        std::visit(ResultSetter{context}, function.evaluate(ValuesOf(count, values), world));
+        std::visit(ResultSetter{context}, dialect::Evaluate(function, ValuesOf(count, values), world));
     });
 }
 

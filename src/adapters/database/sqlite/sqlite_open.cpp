@@ -1,7 +1,6 @@
 #include "adapters/database/sqlite/sqlite_open.h"
 
 #include "adapters/database/sqlite/sqlite_error.h"
-#include "adapters/database/sqlite/sqlite_statement.h"
 #include "adapters/files/database_file.h"
 #include "base/failure.h"
 
@@ -20,10 +19,6 @@ namespace {
 constexpr int BusyMilliseconds = 5000;
 constexpr std::size_t HeaderSize = 100;
 
-std::string Named(const std::string& name) {
-    return "The database \"" + name + "\"";
-}
-
 // SQLite is given a path that it can read neither as a URI nor as one of its special names. Nothing but a
 // plain file is opened: a pipe would be waited for.
 std::string PathOf(const std::string& name) {
@@ -34,14 +29,16 @@ std::string PathOf(const std::string& name) {
     if (::stat(name.c_str(), &status) != 0) {
         const int error = errno;
         if (error == ENOENT || error == ENOTDIR)
-            throw Failure(FailureNumber::FileNotFound, Named(name) + " does not exist. Check the file name.");
-        throw Failure(FailureNumber::FileAccess,
-                      Named(name) + " cannot be reached: " + std::generic_category().message(error) + ".");
+            throw Failure(FailureNumber::FileNotFound,
+                          DatabaseWords(name) + " does not exist. Check the file name.");
+        throw Failure(FailureNumber::FileAccess, DatabaseWords(name) + " cannot be reached: " +
+                                                     std::generic_category().message(error) + ".");
     }
     if (S_ISDIR(status.st_mode))
-        throw Failure(FailureNumber::NotADatabase, Named(name) + " is a folder. Name the file inside it.");
+        throw Failure(FailureNumber::NotADatabase,
+                      DatabaseWords(name) + " is a folder. Name the file inside it.");
     if (!S_ISREG(status.st_mode))
-        throw Failure(FailureNumber::NotADatabase, Named(name) + " is no plain file.");
+        throw Failure(FailureNumber::NotADatabase, DatabaseWords(name) + " is no plain file.");
     return std::filesystem::absolute(name).string();
 }
 
@@ -53,9 +50,9 @@ SqliteHandle Open(const std::string& name, const std::string& path, int flags) {
     const int error = made != nullptr ? sqlite3_system_errno(made) : 0;
     if (error != 0)
         throw Failure(FailureNumber::FileAccess,
-                      Named(name) + " cannot be opened: " + std::generic_category().message(error) +
+                      DatabaseWords(name) + " cannot be opened: " + std::generic_category().message(error) +
                           ". The file and its folder must be open to this user.");
-    throw SqliteFailure(made, code, Named(name));
+    throw DatabaseFailure(made, code, DatabaseWords(name));
 }
 
 // The first bytes, read through SQLite: opening and closing the file beside it would drop the locks that
@@ -76,13 +73,15 @@ void CheckHeader(const std::string& name, const std::string& header) {
     const DatabaseKind kind = KindOfHead(header);
     if (kind == DatabaseKind::Sqlite) return;
     if (header.empty())
-        throw Failure(FailureNumber::NotADatabase, Named(name) + " is an empty file or cannot be read.");
+        throw Failure(FailureNumber::NotADatabase,
+                      DatabaseWords(name) + " is an empty file or cannot be read.");
     if (kind == DatabaseKind::Access)
         throw Failure(FailureNumber::NotADatabase,
-                      Named(name) +
+                      DatabaseWords(name) +
                           " is a Microsoft Access file, which cannot be read yet. Turn it into a SQLite "
                           "file first.");
-    throw Failure(FailureNumber::NotADatabase, Named(name) + " is no SQLite database, or it is encrypted.");
+    throw Failure(FailureNumber::NotADatabase,
+                  DatabaseWords(name) + " is no SQLite database, or it is encrypted.");
 }
 
 bool IsWal(const std::string& header) {
@@ -91,8 +90,11 @@ bool IsWal(const std::string& header) {
 }
 
 // The first read: takes the locks, replays what a crash left, and parses the tables.
-void Probe(sqlite3* handle, bool exclusive) {
-    const auto run = [handle](const char* sql) { SqliteStatement(handle, sql, "").Run(); };
+void Probe(sqlite3* handle, const std::string& name, bool exclusive) {
+    const auto run = [&](const char* sql) {
+        const int code = sqlite3_exec(handle, sql, nullptr, nullptr, nullptr);
+        if (code != SQLITE_OK) throw DatabaseFailure(handle, code, DatabaseWords(name));
+    };
     if (exclusive) {
         run("PRAGMA locking_mode = EXCLUSIVE");
         const bool writable = sqlite3_db_readonly(handle, "main") == 0;
@@ -134,12 +136,12 @@ SqliteHandle OpenInClosedFolder(const std::string& name, const std::string& path
     const std::filesystem::path log = path + "-wal";
     if (std::filesystem::exists(log, none) && std::filesystem::file_size(log, none) > 0)
         throw Failure(FailureNumber::FileAccess,
-                      Named(name) + " has entries waiting in \"" + log.string() +
+                      DatabaseWords(name) + " has entries waiting in \"" + log.string() +
                           "\", and its folder may not be written by this user. Allow writing there, or copy "
                           "both files elsewhere.");
     SqliteHandle handle = Open(name, ImmutableUri(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
     Prepare(handle.get());
-    Probe(handle.get(), false);
+    Probe(handle.get(), name, false);
     return handle;
 }
 
@@ -152,12 +154,12 @@ SqliteHandle OpenSqliteFile(const std::string& name, bool exclusive, bool readOn
     CheckHeader(name, header);
     Prepare(handle.get());
     try {
-        Probe(handle.get(), exclusive);
-    } catch (const Failure& failure) {
+        Probe(handle.get(), name, exclusive);
+    } catch (const Failure&) {
         const int code = sqlite3_errcode(handle.get()) & 0xFF;
         const bool noCompanion = code == SQLITE_READONLY || code == SQLITE_CANTOPEN;
         if (!exclusive && noCompanion && IsWal(header)) return OpenInClosedFolder(name, path);
-        throw Failure(failure.Number(), Named(name) + ": " + failure.Description());
+        throw;
     }
     return handle;
 }

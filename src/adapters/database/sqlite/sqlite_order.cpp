@@ -76,8 +76,7 @@ void RegisterTextOrder(sqlite3* handle) {
 }
 
 void CheckRegistered(sqlite3* handle, int code) {
-    if (code != SQLITE_OK && code != SQLITE_BUSY)
-        throw SqliteFailure(handle, code, "The registration of functions");
+    if (code != SQLITE_OK && code != SQLITE_BUSY) throw StatementFailure(handle, code, {});
 }
 
 } // namespace qbrpt::database

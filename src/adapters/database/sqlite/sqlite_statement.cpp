@@ -2,7 +2,6 @@
 
 #include "adapters/database/sqlite/sqlite_error.h"
 #include "base/failure.h"
-#include "base/utf8.h"
 
 #include <limits>
 #include <variant>
@@ -25,13 +24,6 @@ struct Binder {
                                    SQLITE_UTF8);
     }
 };
-
-std::string WhatOf(std::string_view source) {
-    constexpr std::size_t shown = 300;
-    if (source.empty()) return "Reading the database";
-    const std::string_view head = FirstCharacters(source, shown);
-    return "The statement \"" + ValidUtf8(head) + (head.size() < source.size() ? "...\"" : "\"");
-}
 
 void FillCell(sqlite3_stmt* statement, int column, CellView& cell) {
     cell = {};
@@ -69,7 +61,7 @@ SqliteStatement::SqliteStatement(sqlite3* handle, const std::string& sql, std::s
     sqlite3_stmt* made = nullptr;
     const int code = sqlite3_prepare_v2(handle, sql.c_str(), static_cast<int>(sql.size()), &made, nullptr);
     mStatement.reset(made);
-    if (code != SQLITE_OK) throw SqliteFailure(handle, code, WhatOf(source));
+    if (code != SQLITE_OK) throw StatementFailure(handle, code, source);
     if (made == nullptr) throw Failure(FailureNumber::SyntaxError, "The statement is empty.");
 }
 
@@ -112,8 +104,13 @@ std::string SqliteStatement::Origin(std::size_t index) const {
 }
 
 void SqliteStatement::Fail(int code) {
-    mFunctions.Rethrow();
-    throw SqliteFailure(mHandle, code, WhatOf(mSource));
+    try {
+        mFunctions.Rethrow();
+    } catch (const Failure& failure) {
+        if (mSource.empty()) throw;
+        throw Failure(failure.Number(), StatementWords(mSource) + " failed: " + failure.Description());
+    }
+    throw StatementFailure(mHandle, code, mSource);
 }
 
 } // namespace qbrpt::database
