@@ -69,6 +69,8 @@ TEST_F(Raster, ABitmapHasTheBitsOfItsContext) {
     EXPECT_EQ(gdi->CreateCompatibleBitmap(screen, -1, 2), 0U);
     EXPECT_EQ(gdi->CreateCompatibleBitmap(screen, 30'000, 30'000), 0U);
     EXPECT_EQ(gdi->GetObjectA(gdi->MakeBitmap(PictureOf({"rgb"})))->bmWidthBytes, 10);
+    constexpr std::int32_t widest = 1 << 26; // its bits are more than 32 bits count
+    EXPECT_EQ(gdi->GetObjectA(gdi->CreateCompatibleBitmap(screen, widest, 1))->bmWidthBytes, 4 * widest);
 }
 
 TEST_F(Raster, ColoursTurnIntoOneAndBack) {

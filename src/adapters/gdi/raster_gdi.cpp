@@ -1,6 +1,7 @@
 #include "adapters/gdi/raster_gdi.h"
 
 #include "adapters/gdi/dib_bits.h"
+#include "base/numbers.h"
 
 #include <algorithm>
 #include <cstring>
@@ -111,10 +112,10 @@ std::optional<BitmapRecord> RasterGdi::DoGetObjectA(GdiHandle bitmap) {
     constexpr std::int32_t wordBits = 16;
     const Surface* surface = mObjects.Find<Surface>(bitmap);
     if (!surface) return std::nullopt;
-    const std::int32_t rowBits = surface->width * surface->bitsPixel;
+    const std::int64_t rowBits = std::int64_t{surface->width} * surface->bitsPixel;
     return BitmapRecord{.bmWidth = surface->width,
                         .bmHeight = surface->height,
-                        .bmWidthBytes = (rowBits + wordBits - 1) / wordBits * 2,
+                        .bmWidthBytes = CheckedLong((rowBits + wordBits - 1) / wordBits * 2),
                         .bmPlanes = 1,
                         .bmBitsPixel = surface->bitsPixel};
 }
