@@ -13,12 +13,11 @@ namespace {
 constexpr std::string_view SpoolerPort = "Spooler";
 constexpr std::size_t WordBytes = sizeof(std::uint32_t);
 
-void FillFields(std::span<char> output, const std::vector<std::string>& names, std::size_t field) {
+void FillFields(std::span<char32_t> output, const std::vector<std::string>& names, std::size_t field) {
     for (std::size_t i = 0; i < names.size() && (i + 1) * field <= output.size(); ++i) {
-        const std::span<char> place = output.subspan(i * field, field);
-        std::fill(place.begin(), place.end(), '\0');
-        const std::string_view name = WholeCharacters(names[i], field);
-        std::copy(name.begin(), name.end(), place.begin());
+        std::size_t position = 0;
+        for (char32_t& place : output.subspan(i * field, field))
+            place = position < names[i].size() ? NextCharacter(names[i], position) : U'\0';
     }
 }
 
@@ -82,7 +81,7 @@ std::int32_t Spooler::DeviceCapabilitiesA(const std::string& device, const std::
     const bool papers = AsksForPapers(capability);
     const CapabilityLists lists = papers ? DoPapers(device, port) : DoBins(device, port);
     if (AsksForNames(capability)) {
-        if (const auto* fields = std::get_if<std::span<char>>(&output))
+        if (const auto* fields = std::get_if<std::span<char32_t>>(&output))
             FillFields(*fields, lists.names, papers ? PaperNameField : BinNameField);
         return CheckedLong(static_cast<std::int64_t>(lists.names.size()));
     }

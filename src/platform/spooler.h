@@ -19,7 +19,7 @@ using PrinterHandle = std::uint32_t;
 /// What DeviceCapabilitiesA can be asked for.
 enum class DeviceCapability : std::int16_t { Papers = 2, Bins = 6, BinNames = 12, PaperNames = 16 };
 
-/// Bytes of a name's field; a shorter name is padded with NULs, a longer one cut between characters.
+/// Characters of a name's field; a shorter name is padded with NULs, a longer one cut.
 constexpr std::size_t PaperNameField = 64;
 constexpr std::size_t BinNameField = 24;
 
@@ -29,7 +29,7 @@ struct DeviceMode {
 };
 
 /// Where an answer goes: nowhere, where only the count is wanted; into fields of names; into codes.
-using CapabilityBuffer = std::variant<std::monostate, std::span<char>, std::span<std::int16_t>>;
+using CapabilityBuffer = std::variant<std::monostate, std::span<char32_t>, std::span<std::int16_t>>;
 
 /// What a printer offers of one kind. Names and codes are lists of their own, and need not be of one length.
 struct CapabilityLists {
@@ -50,7 +50,8 @@ struct PrinterRecord {
 };
 
 /// The adapter tells lists and records; the fields and words that they fill are laid out here. Texts are
-/// UTF-8. Nothing here fails: a count or a handle of 0 says that there is nothing.
+/// UTF-8, but for the fields of names. Nothing here fails: a count or a handle of 0 says that there is
+/// nothing.
 class Spooler : public Port {
 public:
     /// The number of names or codes that `device` has; fills as much of `output` as it holds.

@@ -2,6 +2,7 @@
 
 #include "base/failure.h"
 #include "base/numbers.h"
+#include "base/utf8.h"
 #include "platform/platform.h"
 
 #include <span>
@@ -20,10 +21,14 @@ constexpr CapabilityKind PapersKind{DeviceCapability::PaperNames, DeviceCapabili
 constexpr CapabilityKind BinsKind{DeviceCapability::BinNames, DeviceCapability::Bins, BinNameField};
 
 /// Row `row` of the names. The position is reckoned in 16 bits, which ends long lists.
-std::string_view FieldOf(std::string_view names, std::int16_t row, std::size_t field) {
+std::string FieldOf(std::u32string_view names, std::int16_t row, std::size_t field) {
     const std::int16_t position = CheckedShort(std::int64_t{row} * static_cast<std::int64_t>(field));
     const auto start = static_cast<std::size_t>(position);
-    return start < names.size() ? names.substr(start, field) : std::string_view{};
+    std::string text;
+    if (start < names.size())
+        for (const char32_t character : names.substr(start, field))
+            AppendCharacter(text, character);
+    return text;
 }
 
 std::int32_t GetData(const CapabilityKind& kind, const std::string& device, const std::string& port,
@@ -34,8 +39,8 @@ std::int32_t GetData(const CapabilityKind& kind, const std::string& device, cons
     };
     const std::int32_t nameCount = ask(kind.names, {});
     if (nameCount == 0) return 0;
-    std::string names(static_cast<std::size_t>(nameCount) * kind.field, ' ');
-    ask(kind.names, std::span<char>(names));
+    std::u32string names(static_cast<std::size_t>(nameCount) * kind.field, U' ');
+    ask(kind.names, std::span<char32_t>(names));
 
     std::int16_t single = 0;
     const std::int32_t codeCount = ask(kind.codes, std::span<std::int16_t>(&single, 1));

@@ -44,10 +44,15 @@ const std::vector<ListRow> PaperRows = {
      2,
      {{std::string(64, 'x'), 256}, {"A4", 9}}},
     {"longer than its field", {{std::string(70, 'x')}, {256}}, 1, {{std::string(64, 'x'), 256}}},
-    {"cut between characters",
-     {{"x" + Repeated("ورق", 20)}, {256}},
+    {"Arabic as long as its field",
+     {{Repeated("ورقة", 16), "A4"}, {256, 9}},
+     2,
+     {{Repeated("ورقة", 16), 256}, {"A4", 9}}},
+    {"Arabic longer than its field", {{Repeated("ورقة", 16) + "ب"}, {256}}, 1, {{Repeated("ورقة", 16), 256}}},
+    {"cut by characters, not by bytes",
+     {{"x" + Repeated("ورق", 25)}, {256}},
      1,
-     {{"x" + Repeated("ورق", 10) + "و", 256}}},
+     {{"x" + Repeated("ورق", 21), 256}}},
     {"an empty name", {{"", "A4"}, {300, 9}}, 2, {{"", 300}, {"A4", 9}}},
     {"the largest code", {{"last"}, {32'767}}, 1, {{"last", 32'767}}},
 };
@@ -72,6 +77,11 @@ TEST(PrinterCapabilities, BinsHaveShorterFields) {
     EXPECT_EQ(rows, (CapabilityRows{{std::string(24, 'x'), 1}, {std::string(24, 'y'), 2}, {"درج", 257}}));
     EXPECT_EQ(GetPapersData("Lazer", "LPT1:", rows), 0);
     EXPECT_THAT(rows, SizeIs(3));
+
+    const std::string whole = Repeated("درج", 8);
+    platform.spooler->printers["Lazer"].bins = {{whole, whole + "ب", "درج"}, {1, 2, 257}};
+    EXPECT_EQ(GetBinsData("Lazer", "LPT1:", rows), 3);
+    EXPECT_EQ(rows, (CapabilityRows{{whole, 1}, {whole, 2}, {"درج", 257}}));
 }
 
 TEST(PrinterCapabilities, AnUnknownPrinterTellsNothing) {

@@ -1,6 +1,7 @@
 // Numbers and names of papers and trays.
 #include "adapters/printing/cups/offers.h"
 #include "base/paper.h"
+#include "base/utf8.h"
 #include "platform/spooler.h"
 
 #include <gmock/gmock.h>
@@ -100,7 +101,7 @@ TEST(Papers, SixHundredHaveSixHundredNumbers) {
 
 TEST(Papers, TheStandardOnesFitTheirFieldsAndAreOfDifferentSizes) {
     for (const StandardPaper& paper : StandardPapers()) {
-        EXPECT_LE(paper.name.size(), PaperNameField);
+        EXPECT_LE(CharacterCount(paper.name), PaperNameField);
         EXPECT_LE(paper.width, paper.height) << paper.name;
         EXPECT_EQ(StandardPaperOf(paper.width, paper.height), &paper) << paper.name;
         EXPECT_EQ(StandardPaperNumbered(paper.number), &paper) << paper.name;
@@ -141,7 +142,7 @@ TEST(Bins, HaveNumbersAndNamesThatFitTheirField) {
         SCOPED_TRACE(BinRows[i].keyword);
         EXPECT_EQ(bins[i].keyword, BinRows[i].keyword);
         EXPECT_EQ(bins[i].name, BinRows[i].name);
-        EXPECT_LE(bins[i].name.size(), BinNameField);
+        EXPECT_LE(CharacterCount(bins[i].name), BinNameField);
         if (BinRows[i].code != 0) {
             EXPECT_EQ(bins[i].code, BinRows[i].code);
         } else {

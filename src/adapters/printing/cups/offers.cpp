@@ -20,7 +20,7 @@ struct KnownBin {
     std::string_view name;
 };
 
-// Names keep within a bin's field of 24 bytes.
+// Names keep within a bin's field of 24 characters.
 constexpr auto KnownBins = std::to_array<KnownBin>({
     {"auto", AutomaticBin, "تلقائي"},
     {"top", 1, "درج علوي"},
