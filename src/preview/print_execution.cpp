@@ -66,8 +66,7 @@ void frmPrntServer::UpdateInfoData() {
             const auto row = static_cast<std::size_t>(mReceiverIndex);
             constexpr std::size_t valuesARow = 6;
             if (mReceiverIndex < 0 || row >= vReceiver.size() || vReceiver[row].size() < valuesARow)
-                throw Failure(FailureNumber::NotInCollection,
-                              "There is no receiver " + std::to_string(mReceiverIndex + 1) + ".");
+                throw Failure(FailureNumber::OutOfRange, "Subscript out of range.");
             receiver->SetInfoData({vReceiver[row].begin(), vReceiver[row].begin() + valuesARow});
         });
     }
