@@ -46,6 +46,8 @@ public:
     void AlignToPrinter();
     /// Prints the report: all pages at once, or what the options dialog says.
     void PrintData(bool bShowDialog);
+    /// The receiver whose values the report has now, a row from 0.
+    [[nodiscard]] std::int32_t ReceiverIndex() const { return mReceiverIndex; }
 
 private:
     // Events.

@@ -288,6 +288,21 @@ TEST_F(PrintOptions, AHandlersFailureIsABoxWithOk) {
     });
 }
 
+TEST_F(PrintOptions, MoreCopiesThanThereAreNumbersForEndItInSilence) {
+    const auto log = std::make_shared<fakes::CallLog>();
+    fakes::FakePlatform::Observe(log);
+    EXPECT_FALSE(Ask(12, [](FakeForm& form) {
+        Box(form, "printFrom").text = "3";
+        Box(form, "copyCount").text = "3000000000";
+        Accept(form);
+    }));
+    EXPECT_EQ(copies, -7);
+    EXPECT_EQ(from, 3) << "what stands before it is written already";
+    EXPECT_THAT(log->LinesOf({"Form.Unload"}), IsEmpty());
+    EXPECT_EQ(platform.screen->Current(), Pointer::Default);
+    EXPECT_TRUE(platform.messages->boxes.empty());
+}
+
 TEST_F(PrintOptions, AFailureBehindTheDialogLeavesItLoaded) {
     class Broken final : public PortObserver {
         void Called(const PortCall& call) override {
@@ -321,6 +336,32 @@ TEST(PrintOptionsTable, HasTheControlsInTheirTabOrder) {
                                    "cmdPrntSetup إ&عداد الطابعة", "Label1(0) الطابعة", "Label1(1) من الصفحة",
                                    "Label1(2) إلى ", "Label2 عدد النسخ", "prName ", "Frame1 نطاق الطباعة",
                                    "VScroll1 ", "cmdOk موافق", "Cancel إلغاء الأمر"));
+}
+
+TEST(PrintOptionsTable, HasItsControlsInTheirPlacesAndKinds) {
+    std::vector<std::string> inFrame;
+    std::vector<std::string> centred;
+    std::vector<std::string> locked;
+    std::vector<std::string> first;
+    for (const ControlRow& row : PrintOptionsTable().controls) {
+        const std::string name(row.name);
+        if (row.parent == "Frame1") inFrame.push_back(name);
+        EXPECT_TRUE(row.parent.empty() || row.parent == "Frame1") << name;
+        if (row.centred) centred.push_back(name);
+        if (row.locked) locked.push_back(name);
+        if (!row.text.empty()) first.push_back(name + "=" + std::string(row.text));
+        EXPECT_EQ(row.isDefault, name == "cmdOk");
+        EXPECT_EQ(row.isCancel, name == "Cancel");
+        EXPECT_FALSE(row.on) << name;
+        if (name != "VScroll1") continue;
+        EXPECT_EQ(row.kind, ControlKind::VScrollBar);
+        EXPECT_EQ(row.minimum, 1);
+        EXPECT_EQ(row.maximum, 32'767);
+    }
+    EXPECT_THAT(inFrame, ElementsAre("Label1(1)", "printFrom", "Label1(2)", "printTo", "printAllChk"));
+    EXPECT_THAT(centred, ElementsAre("printFrom", "printTo", "copyCount"));
+    EXPECT_THAT(locked, ElementsAre("prName"));
+    EXPECT_THAT(first, ElementsAre("printFrom=1", "copyCount=1"));
 }
 
 } // namespace
