@@ -41,8 +41,8 @@ protected:
         if (withPdf) pdf.emplace("/srv/pages");
         return std::make_shared<InstalledPrinters>(
             pdf,
-            [this] {
-                ++asked;
+            [this](std::chrono::milliseconds patience) {
+                patiences.push_back(patience.count());
                 return listing;
             },
             [this](const std::string& trouble) { warnings.push_back(trouble); }, [this] { return now; });
@@ -64,7 +64,7 @@ protected:
 
     fakes::FakePlatform platform;
     PrinterListing listing{{Lazer()}, {}, false};
-    int asked = 0;
+    std::vector<long> patiences; ///< of each asking, in milliseconds
     std::vector<std::string> warnings;
     InstalledPrinters::Clock::time_point now;
 };
@@ -79,17 +79,17 @@ TEST_F(InstalledPrintersTest, TheDefaultComesFirst) {
 TEST_F(InstalledPrintersTest, TheSpoolerIsAskedWhenSomebodyWantsToKnow) {
     const auto printers = Machine();
     PrinterList list(printers);
-    EXPECT_EQ(asked, 0);
+    EXPECT_THAT(patiences, IsEmpty());
     EXPECT_EQ(list.Count(), 2);
     EXPECT_EQ(list.Item(1).deviceName, "Lazer");
     EXPECT_EQ(list.Count(), 2);
-    EXPECT_EQ(asked, 1); // a moment ago
+    EXPECT_THAT(patiences, ElementsAre(2000)); // a moment ago
     now += std::chrono::seconds(5);
     static_cast<void>(list.Item(1));
-    EXPECT_EQ(asked, 1); // a list that is being read stays as it is
+    EXPECT_THAT(patiences, SizeIs(1)); // a list that is being read stays as it is
     listing.printers.clear();
     EXPECT_EQ(list.Count(), 1);
-    EXPECT_EQ(asked, 2);
+    EXPECT_THAT(patiences, ElementsAre(2000, 2000));
 }
 
 TEST_F(InstalledPrintersTest, ASilentSpoolerCostsItsTimeOnceAndIsToldOfOnce) {
@@ -100,14 +100,75 @@ TEST_F(InstalledPrintersTest, ASilentSpoolerCostsItsTimeOnceAndIsToldOfOnce) {
         EXPECT_EQ(list.Count(), 1);
         now += std::chrono::seconds(10);
     }
-    EXPECT_EQ(asked, 1);
+    EXPECT_THAT(patiences, ElementsAre(2000, 50, 50)) << "then it is glanced at";
     EXPECT_THAT(warnings, ElementsAre("The printer service does not answer."));
     EXPECT_EQ((*printers->All())[0].comment, "يطبع إلى ملفات PDF - خدمة الطباعة لا تستجيب");
-    now += std::chrono::seconds(60);
+    EXPECT_TRUE(printers->Hung());
     listing = {{Lazer()}, {}, false};
     EXPECT_EQ(list.Count(), 2); // it is back
-    EXPECT_THAT(warnings, SizeIs(1));
     EXPECT_EQ(printers->Trouble(), "");
+    EXPECT_FALSE(printers->Hung());
+
+    // Nobody waits for it again.
+    listing = {{}, "The printer service does not answer.", true};
+    now += std::chrono::seconds(10);
+    EXPECT_EQ(list.Count(), 2);
+    EXPECT_EQ(patiences.back(), 50);
+    EXPECT_THAT(warnings, SizeIs(1));
+}
+
+TEST_F(InstalledPrintersTest, AnAnswerThatIsUnderWayIsNoNews) {
+    listing = {{}, "The printer service does not answer.", true};
+    const auto printers = Machine();
+    PrinterList list(printers);
+    EXPECT_EQ(list.Count(), 1);
+    const auto next = [&](PrinterListing now_) {
+        listing = std::move(now_);
+        now += std::chrono::seconds(10);
+        return list.Count();
+    };
+    EXPECT_EQ(next({{}, "not yet", false, true}), 1);
+    EXPECT_EQ(printers->Trouble(), "The printer service does not answer.");
+    EXPECT_EQ(next({{Lazer()}, {}, false}), 2);
+    EXPECT_EQ(next({{}, "not yet", false, true}), 2);
+    EXPECT_EQ(printers->Trouble(), "");
+    EXPECT_EQ((*printers->All())[0].comment, "يطبع إلى ملفات PDF");
+}
+
+TEST_F(InstalledPrintersTest, WhatStandsInForTheDefaultPrinterGoesWhenItIsKnown) {
+    listing = {{}, "The printer service does not answer.", true};
+    PrinterList list(Machine());
+    EXPECT_EQ(list.Current().deviceName, "qbrpt PDF");
+    listing = {{Lazer(true)}, {}, false};
+    now += std::chrono::seconds(10);
+    EXPECT_EQ(list.Count(), 2);
+    EXPECT_EQ(list.Current().deviceName, "Lazer");
+    EXPECT_EQ(list.Current().paperSize, 11);
+    // From then on it is the process's own, whatever the default becomes.
+    listing = {{Lazer()}, {}, false};
+    now += std::chrono::seconds(10);
+    EXPECT_EQ(list.Count(), 2);
+    EXPECT_EQ(list.Current().deviceName, "Lazer");
+}
+
+TEST_F(InstalledPrintersTest, WhatStandsInStaysWhereSomebodyHasChosenIt) {
+    struct {
+        const char* name;
+        void (*choose)(PrinterList& list);
+    } const rows[] = {{"printer", [](PrinterList& list) { list.SetCurrent("qbrpt PDF"); }},
+                      {"paper", [](PrinterList& list) { list.SetPaperSize(11); }},
+                      {"tray", [](PrinterList& list) { list.SetPaperBin(7); }},
+                      {"direction", [](PrinterList& list) { list.SetOrientation(OrientationLandscape); }}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        listing = {{}, "The printer service does not answer.", true};
+        PrinterList list(Machine());
+        row.choose(list);
+        listing = {{Lazer(true)}, {}, false};
+        now += std::chrono::seconds(10);
+        EXPECT_EQ(list.Count(), 2);
+        EXPECT_EQ(list.Current().deviceName, "qbrpt PDF");
+    }
 }
 
 TEST_F(InstalledPrintersTest, AMissingSpoolerIsTroubleButNoWarning) {

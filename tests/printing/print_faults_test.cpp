@@ -148,9 +148,8 @@ TEST_F(PrintFaults, NoServiceCostsNoTimeAndAHungOneTwoSeconds) {
     service.Start();
     service.Freeze();
     std::vector<std::string> warnings;
-    InstalledPrinters frozen(
-        std::nullopt, [] { return cups::ListPrinters(); },
-        [&](const std::string& trouble) { warnings.push_back(trouble); });
+    InstalledPrinters frozen(std::nullopt, cups::PrinterAsker(),
+                             [&](const std::string& trouble) { warnings.push_back(trouble); });
     EXPECT_LT(TimeOf([&] { EXPECT_THAT(*frozen.All(), IsEmpty()); }).count(), 4);
     frozen.Refresh();
     EXPECT_LT(TimeOf([&] { EXPECT_THAT(*frozen.All(), IsEmpty()); }).count(), 1.5);

@@ -74,8 +74,8 @@ protected:
     test::TempFolder folder;
     test::PrintService service;
     fakes::FakePlatform platform;
-    std::shared_ptr<InstalledPrinters> printers = std::make_shared<InstalledPrinters>(
-        PdfPrinter(folder / "pages"), [] { return cups::ListPrinters(); });
+    std::shared_ptr<InstalledPrinters> printers =
+        std::make_shared<InstalledPrinters>(PdfPrinter(folder / "pages"), cups::PrinterAsker());
     std::shared_ptr<PrinterList> list = std::make_shared<PrinterList>(printers);
     std::shared_ptr<PrinterDelivery> delivery =
         std::make_shared<PrinterDelivery>(PdfPrinter(folder / "pages"), printers);

@@ -16,7 +16,7 @@ InstalledPrinter Printer(const std::string& name) {
 }
 
 std::shared_ptr<InstalledPrinters> Installed(std::vector<InstalledPrinter> printers) {
-    return std::make_shared<InstalledPrinters>(std::nullopt, [=] {
+    return std::make_shared<InstalledPrinters>(std::nullopt, [=](std::chrono::milliseconds) {
         return PrinterListing{printers, {}, false};
     });
 }

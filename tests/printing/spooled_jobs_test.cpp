@@ -97,6 +97,35 @@ TEST_F(FolderPrinter, TheTrayAndBothSidesArrive) {
     EXPECT_TRUE(job.Has("sides=two-sided-short-edge") || job.Has("Duplex=DuplexTumble")) << job.words;
 }
 
+struct TrayCase {
+    const char* name;
+    const char* option; ///< the user's own
+    const char* word;   ///< that the printer's driver hears
+};
+
+class FolderTrays : public PrintTest, public ::testing::WithParamInterface<TrayCase> {};
+
+TEST_P(FolderTrays, OfTheUsersOwnChoiceArrive) {
+    test::QueueKind kind;
+    kind.trays = {"Auto", "ManualFeed", "Tray2", "Upper", "MPTray"};
+    service.AddFolderQueue("folder", kind);
+    service.SetUserOption("folder", GetParam().option);
+    list->SetCurrent("folder");
+    Payments("folder", 9, 20)->PrintOut(false);
+    const PrintedJob job = service.Printed("folder");
+    EXPECT_TRUE(job.Has(GetParam().word)) << job.words;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, FolderTrays,
+    ::testing::Values(TrayCase{"ByTheDriversWord", "InputSlot=Tray2", "InputSlot=Tray2"},
+                      TrayCase{"OfTwoWords", "InputSlot=ManualFeed", "InputSlot=ManualFeed"},
+                      TrayCase{"RenamedByTheService", "InputSlot=Upper", "InputSlot=Upper"},
+                      TrayCase{"RenamedByAnotherName", "InputSlot=MPTray", "InputSlot=MPTray"},
+                      TrayCase{"ByTheServicesKeyword", "media-source=tray-2", "InputSlot=Tray2"},
+                      TrayCase{"Unknown", "InputSlot=Cellar", "InputSlot=Auto"}),
+    [](const auto& row) { return row.param.name; });
+
 TEST_F(FolderPrinter, ALongTitleIsCutToANameThatTheServiceTakes) {
     PayOutRpt payments;
     Fill(payments, 5);

@@ -242,6 +242,11 @@ void PrintService::AddDriverlessQueue(const std::string& name) {
     if (!Comes(known)) throw std::runtime_error("the driverless queue does not come: " + Log());
 }
 
+void PrintService::SetUserOption(const std::string& queue, const std::string& option) const {
+    fs::create_directories(mRoot / ".cups");
+    WriteContent(mRoot / ".cups/lpoptions", "Dest " + queue + " " + option + "\n");
+}
+
 std::size_t PrintService::PrintedCount(const std::string& queue) const {
     std::size_t count = 0;
     for (const auto& entry : fs::directory_iterator(mRoot / ("out/" + queue)))

@@ -48,6 +48,9 @@ public:
     /// A driverless printer behind a queue.
     void AddDriverlessQueue(const std::string& name);
 
+    /// The user's own option of a queue, "InputSlot=Manual".
+    void SetUserOption(const std::string& queue, const std::string& option) const;
+
     /// Runs one of the scheduler's own programs against it.
     ProgramResult Tell(std::vector<std::string> command) const;
     /// The scheduler stops in the middle of whatever it does, or goes on.

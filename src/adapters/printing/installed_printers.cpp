@@ -10,7 +10,7 @@ namespace qbrpt {
 namespace {
 
 constexpr std::chrono::seconds Freshness{3};
-constexpr std::chrono::seconds RestAfterSilence{60};
+constexpr std::chrono::milliseconds Glance{50};
 constexpr const char* PdfComment = "يطبع إلى ملفات PDF";
 constexpr const char* SilentComment = " - خدمة الطباعة لا تستجيب";
 
@@ -33,7 +33,9 @@ InstalledPrinters::InstalledPrinters(std::optional<PdfPrinter> pdfPrinter, Liste
 
 void InstalledPrinters::List() {
     PrinterListing listing;
-    if (mSpooler) listing = mSpooler();
+    if (mSpooler) listing = mSpooler(mWaited ? Glance : ListingPatience);
+    mNext = mNow() + Freshness;
+    if (mAll && listing.underWay) return; // no news
     mTrouble = listing.trouble;
     mHung = listing.hung;
     // A spooler that is busy or begun anew has not lost its printers.
@@ -47,8 +49,7 @@ void InstalledPrinters::List() {
         all.insert(hasDefault ? all.end() : all.begin(), std::move(pdf));
     }
     mAll = std::make_shared<const std::vector<InstalledPrinter>>(std::move(all));
-    mNext = mNow() + (mHung ? RestAfterSilence : Freshness);
-    if (mHung && mWarn && !std::exchange(mWarned, true)) mWarn(mTrouble);
+    if (mHung && !std::exchange(mWaited, true) && mWarn) mWarn(mTrouble);
 }
 
 InstalledPrinters::Snapshot InstalledPrinters::All() {
@@ -57,7 +58,7 @@ InstalledPrinters::Snapshot InstalledPrinters::All() {
 }
 
 void InstalledPrinters::Refresh() {
-    if (mAll && mSpooler && mNow() >= mNext) mAll.reset();
+    if (mAll && mSpooler && mNow() >= mNext) List();
 }
 
 std::optional<InstalledPrinter> InstalledPrinters::Find(const std::string& name) {

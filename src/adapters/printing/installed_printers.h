@@ -13,23 +13,23 @@
 
 namespace qbrpt {
 
-/// Listed when they are first asked for. Printers come and go, so the list is made anew now and then; a
-/// spooler that did not answer is left alone for a while, since asking it costs the user time.
+/// Listed when they are first asked for. Printers come and go, so the list is made anew now and then. The
+/// user waits once for a spooler that does not answer; from then on it is glanced at.
 class InstalledPrinters {
 public:
-    using Lister = std::function<PrinterListing()>;
+    using Lister = std::function<PrinterListing(std::chrono::milliseconds patience)>;
     using Clock = std::chrono::steady_clock;
     using Snapshot = std::shared_ptr<const std::vector<InstalledPrinter>>;
 
-    /// `pdfPrinter`: nothing where it is switched off. `spooler` asks the spooler; empty where there is none
-    /// to ask. `warn` is told, once, of a spooler that does not answer.
+    /// `pdfPrinter`: nothing where it is switched off. `spooler` asks the spooler, and waits for it no longer
+    /// than told; empty where there is none to ask. `warn` is told, once, of a spooler that does not answer.
     InstalledPrinters(std::optional<PdfPrinter> pdfPrinter, Lister spooler,
                       std::function<void(const std::string&)> warn = {},
                       std::function<Clock::time_point()> now = Clock::now);
 
     /// The default printer first: the spooler's default, else the PDF printer.
     [[nodiscard]] Snapshot All();
-    /// Makes the list anew at the next use, where enough time has passed.
+    /// Makes the list anew, where enough time has passed.
     void Refresh();
     /// The printer of this name, nothing where there is none.
     [[nodiscard]] std::optional<InstalledPrinter> Find(const std::string& name);
@@ -50,7 +50,7 @@ private:
     Clock::time_point mNext; ///< not listed again before
     std::string mTrouble;
     bool mHung = false;
-    bool mWarned = false;
+    bool mWaited = false; ///< the user has waited for the spooler in vain once
 };
 
 /// The PDF printer as it is listed.

@@ -76,8 +76,8 @@ PrinterInfo PrinterList::DoCurrent() {
     return Seen(Required());
 }
 
-InstalledPrinter& PrinterList::Required() {
-    if (!mCurrent) {
+const InstalledPrinter& PrinterList::Required() {
+    if (!mCurrent || mStandsIn) {
         const InstalledPrinters::Snapshot all = mPrinters->All();
         if (all->empty())
             throw Failure(
@@ -85,36 +85,44 @@ InstalledPrinter& PrinterList::Required() {
                 "There is no printer. Install one, or switch the PDF printer on (QBRPT_PDF_PRINTER)." +
                     Behind(mPrinters->Trouble()));
         mCurrent = all->front();
+        mStandsIn = !mPrinters->Trouble().empty();
     }
     return *mCurrent;
 }
 
+InstalledPrinter& PrinterList::Kept() {
+    static_cast<void>(Required());
+    mStandsIn = false;
+    return *mCurrent;
+}
+
 void PrinterList::DoSetOrientation(std::int16_t orientation) {
-    InstalledPrinter& printer = Required();
+    static_cast<void>(Required());
     if (orientation != OrientationPortrait && orientation != OrientationLandscape)
         throw Failure(FailureNumber::InvalidArgument,
                       "The printer has no orientation " + DecimalText(orientation) + ".");
-    printer.info.orientation = orientation;
+    Kept().info.orientation = orientation;
 }
 
 void PrinterList::DoSetCurrent(const std::string& deviceName) {
     std::optional<InstalledPrinter> chosen = mPrinters->Find(deviceName);
     if (!chosen) throw Failure(FailureNumber::NotInCollection, NoSuchPrinter(deviceName, *mPrinters));
     mCurrent = std::move(chosen);
+    mStandsIn = false;
 }
 
 void PrinterList::DoSetPaperSize(std::int16_t paperSize) {
-    InstalledPrinter& printer = Required();
+    const InstalledPrinter& printer = Required();
     RequirePositive(paperSize, "paper");
     if (!printer.papers.empty() && printer.PaperOf(paperSize) == nullptr) Refuse(printer, "paper", paperSize);
-    printer.info.paperSize = paperSize;
+    Kept().info.paperSize = paperSize;
 }
 
 void PrinterList::DoSetPaperBin(std::int16_t paperBin) {
-    InstalledPrinter& printer = Required();
+    const InstalledPrinter& printer = Required();
     RequirePositive(paperBin, "paper bin");
     if (!printer.bins.empty() && printer.BinOf(paperBin) == nullptr) Refuse(printer, "paper bin", paperBin);
-    printer.info.paperBin = paperBin;
+    Kept().info.paperBin = paperBin;
 }
 
 } // namespace qbrpt

@@ -11,7 +11,9 @@
 
 namespace qbrpt {
 
-/// The current printer begins as the default one. Counting looks for printers that have come or gone.
+/// The current printer begins as the default one; while the spooler is silent nobody knows which that is, so
+/// that what stands in for it is kept only where somebody has changed something of it. Counting looks for
+/// printers that have come or gone.
 class PrinterList : public Printers, public PrinterFacts {
 public:
     explicit PrinterList(std::shared_ptr<InstalledPrinters> printers) : mPrinters(std::move(printers)) {}
@@ -30,10 +32,14 @@ private:
     void DoSetCurrent(const std::string& deviceName) override;
     void DoSetPaperSize(std::int16_t paperSize) override;
     void DoSetPaperBin(std::int16_t paperBin) override;
-    InstalledPrinter& Required();
+    /// The current printer.
+    [[nodiscard]] const InstalledPrinter& Required();
+    /// The same, to change something of it.
+    [[nodiscard]] InstalledPrinter& Kept();
 
     std::shared_ptr<InstalledPrinters> mPrinters;
     std::optional<InstalledPrinter> mCurrent;
+    bool mStandsIn = false; ///< it may not be the default one
     Sides mSides = Sides::AsThePrinterHas;
 };
 

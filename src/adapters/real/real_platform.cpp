@@ -71,8 +71,7 @@ std::shared_ptr<InstalledPrinters>
 PrintersOfThisMachine(std::function<void(const std::string& trouble)> warn) {
     std::optional<PdfPrinter> pdfPrinter;
     if (PdfPrinterIsOn()) pdfPrinter.emplace(PdfFolder());
-    return std::make_shared<InstalledPrinters>(
-        std::move(pdfPrinter), [] { return cups::ListPrinters(); }, std::move(warn));
+    return std::make_shared<InstalledPrinters>(std::move(pdfPrinter), cups::PrinterAsker(), std::move(warn));
 }
 
 std::shared_ptr<InstalledPrinters> PrintersOfThisMachine() {

@@ -3,6 +3,7 @@
 
 #include "platform/printing.h"
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -64,8 +65,12 @@ struct InstalledPrinter {
 /// What asking the spooler has brought.
 struct PrinterListing {
     std::vector<InstalledPrinter> printers;
-    std::string trouble; ///< why there are none, or not all; empty where all went well
-    bool hung = false;   ///< it cost the user time
+    std::string trouble;   ///< why there are none, or not all; empty where all went well
+    bool hung = false;     ///< the spooler was waited for in vain
+    bool underWay = false; ///< it may answer yet: nothing is known so far
 };
+
+/// No longer than this is the spooler waited for when it is asked what printers there are.
+constexpr std::chrono::milliseconds ListingPatience{2000};
 
 } // namespace qbrpt

@@ -2,212 +2,109 @@
 
 #include "adapters/printing/cups/connection.h"
 #include "adapters/printing/cups/helper_thread.h"
-#include "adapters/printing/cups/offers.h"
-#include "base/paper.h"
+#include "adapters/printing/cups/listed_printer.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <memory>
+#include <future>
 #include <mutex>
-#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace qbrpt::cups {
 
 namespace {
 
-constexpr int MediaFlags = CUPS_MEDIA_FLAGS_DEFAULT;
+using Time = std::chrono::steady_clock;
 
-std::string OptionOf(const cups_dest_t* printer, const char* name) {
-    const char* value = ::cupsGetOption(name, printer->num_options, printer->options);
-    return value == nullptr ? std::string{} : std::string{value};
-}
-
-/// All keywords of a list.
-std::vector<std::string> Keywords(ipp_attribute_t* attribute) {
-    std::vector<std::string> keywords;
-    for (int i = 0; i < ::ippGetCount(attribute); ++i)
-        if (const char* keyword = ::ippGetString(attribute, i, nullptr)) keywords.emplace_back(keyword);
-    return keywords;
-}
-
-/// One printer as it is being asked.
-class Asked {
-public:
-    Asked(http_t* connection, cups_dest_t* printer)
-        : mConnection(connection), mPrinter(printer), mInfo(::cupsCopyDestInfo(connection, printer)) {}
-
-    [[nodiscard]] bool Answers() const { return mInfo != nullptr; }
-
-    [[nodiscard]] ipp_attribute_t* Supported(const char* name) const {
-        return ::cupsFindDestSupported(mConnection, mPrinter, mInfo.get(), name);
-    }
-    [[nodiscard]] ipp_attribute_t* Default(const char* name) const {
-        return ::cupsFindDestDefault(mConnection, mPrinter, mInfo.get(), name);
-    }
-    [[nodiscard]] std::vector<ListedMedia> Media() const {
-        std::vector<ListedMedia> media;
-        const int count = ::cupsGetDestMediaCount(mConnection, mPrinter, mInfo.get(), MediaFlags);
-        for (int i = 0; i < count; ++i) {
-            cups_size_t size{};
-            if (::cupsGetDestMediaByIndex(mConnection, mPrinter, mInfo.get(), i, MediaFlags, &size) == 0)
-                continue;
-            const std::string_view keyword = size.media;
-            // The bounds of what may be cut from a roll are no papers.
-            if (keyword.starts_with("custom_min") || keyword.starts_with("custom_max")) continue;
-            media.push_back({size.media, size.width, size.length});
-        }
-        return media;
-    }
-
-private:
-    http_t* mConnection;
-    cups_dest_t* mPrinter;
-    DestInfo mInfo;
-};
-
-std::string FirstKeyword(ipp_attribute_t* attribute) {
-    const std::vector<std::string> keywords = Keywords(attribute);
-    return keywords.empty() ? std::string{} : keywords.front();
-}
-
-/// The default paper's keyword: the user's own choice before the printer's.
-std::string DefaultMedia(const cups_dest_t* printer, const Asked& asked) {
-    for (const char* option : {"media", "PageSize"}) {
-        const std::string chosen = OptionOf(printer, option);
-        if (!chosen.empty()) return chosen.substr(0, chosen.find(','));
-    }
-    return FirstKeyword(asked.Default("media"));
-}
-
-std::string DefaultTray(const cups_dest_t* printer, const Asked& asked) {
-    if (std::string chosen = OptionOf(printer, "media-source"); !chosen.empty()) return chosen;
-    if (ipp_attribute_t* media = asked.Default("media-col");
-        ::ippGetValueTag(media) == IPP_TAG_BEGIN_COLLECTION) {
-        ipp_t* values = ::ippGetCollection(media, 0);
-        const std::string tray = FirstKeyword(::ippFindAttribute(values, "media-source", IPP_TAG_ZERO));
-        if (!tray.empty()) return tray;
-    }
-    return FirstKeyword(asked.Default("media-source"));
-}
-
-std::int16_t CodeOfMedia(const InstalledPrinter& printer, const std::string& keyword) {
-    for (const PrinterPaper& paper : printer.papers)
-        if (paper.keyword == keyword) return paper.code;
-    const pwg_media_t* size = ::pwgMediaForPWG(keyword.c_str());
-    if (size == nullptr) size = ::pwgMediaForPPD(keyword.c_str());
-    if (size != nullptr) {
-        const std::vector<PrinterPaper> known = PapersOf({{keyword, size->width, size->length}});
-        if (!known.empty() && printer.PaperOf(known.front().code) != nullptr) return known.front().code;
-    }
-    if (printer.papers.empty() || printer.PaperOf(PaperA4) != nullptr) return PaperA4;
-    return printer.papers.front().code;
-}
-
-std::int16_t CodeOfTray(const InstalledPrinter& printer, const std::string& keyword) {
-    for (const PrinterBin& bin : printer.bins)
-        if (bin.keyword == keyword) return bin.code;
-    if (printer.bins.empty() || printer.BinOf(AutomaticBin) != nullptr) return AutomaticBin;
-    return printer.bins.front().code;
-}
-
-std::uint32_t StatusOf(const cups_dest_t* printer) {
-    struct Reason {
-        std::string_view word;
-        std::uint32_t bit;
-    };
-    constexpr Reason reasons[] = {
-        {"paused", PrinterStatus::Paused},        {"media-jam", PrinterStatus::PaperJam},
-        {"media-empty", PrinterStatus::PaperOut}, {"media-needed", PrinterStatus::PaperOut},
-        {"offline", PrinterStatus::Offline},      {"output-area-full", PrinterStatus::OutputFull},
-        {"toner-low", PrinterStatus::TonerLow},   {"marker-supply-low", PrinterStatus::TonerLow},
-        {"toner-empty", PrinterStatus::NoToner},  {"marker-supply-empty", PrinterStatus::NoToner},
-        {"cover-open", PrinterStatus::DoorOpen},  {"door-open", PrinterStatus::DoorOpen},
-        {"-error", PrinterStatus::Error},
-    };
-    std::uint32_t status = 0;
-    const std::string told = OptionOf(printer, "printer-state-reasons");
-    for (const Reason& reason : reasons)
-        if (told.find(reason.word) != std::string::npos) status |= reason.bit;
-    const int state = std::atoi(OptionOf(printer, "printer-state").c_str());
-    if (state == IPP_PSTATE_PROCESSING) status |= PrinterStatus::Printing;
-    if (state == IPP_PSTATE_STOPPED) status |= PrinterStatus::Paused;
-    if (OptionOf(printer, "printer-is-accepting-jobs") == "false") status |= PrinterStatus::NotAvailable;
-    return status;
-}
-
-/// What the list of printers tells already.
-InstalledPrinter Listed(const cups_dest_t* printer) {
-    InstalledPrinter listed;
-    listed.info.deviceName = printer->name;
-    listed.info.driverName = OptionOf(printer, "printer-make-and-model");
-    listed.info.port = OptionOf(printer, "device-uri");
-    listed.place = OptionOf(printer, "printer-location");
-    listed.comment = OptionOf(printer, "printer-info");
-    listed.status = StatusOf(printer);
-    listed.isDefault = printer->is_default != 0;
-    for (int i = 0; i < printer->num_options; ++i)
-        listed.destination.emplace_back(printer->options[i].name, printer->options[i].value);
-    return listed;
-}
-
-bool IsTurned(const std::string& orientation) {
-    return orientation == "4" || orientation == "5" || orientation == "landscape";
-}
-
-/// What only the printer itself tells.
-void Complete(InstalledPrinter& listed, const cups_dest_t* printer, const Asked& asked) {
-    listed.papers = PapersOf(asked.Media());
-    listed.bins = BinsOf(Keywords(asked.Supported("media-source")));
-    const std::vector<std::string> sides = Keywords(asked.Supported("sides"));
-    listed.twoSided = std::find(sides.begin(), sides.end(), "two-sided-long-edge") != sides.end();
-    listed.info.paperSize = CodeOfMedia(listed, DefaultMedia(printer, asked));
-    listed.info.paperBin = CodeOfTray(listed, DefaultTray(printer, asked));
-    std::string orientation = OptionOf(printer, "orientation-requested");
-    if (ipp_attribute_t* own = asked.Default("orientation-requested"); orientation.empty() && own != nullptr)
-        orientation = std::to_string(::ippGetInteger(own, 0));
-    if (IsTurned(orientation)) listed.info.orientation = OrientationLandscape;
-}
-
-/// What the thread that asks has found out so far; shared with the one that waits.
-struct Findings {
-    std::mutex lock;
-    PrinterListing listing;
-};
-
-void Ask(Findings& findings, std::chrono::milliseconds patience) {
-    const auto begin = std::chrono::steady_clock::now();
-    const Connection connection = Connect(patience * 3 / 4);
-    if (!connection) {
-        const std::lock_guard hold(findings.lock);
-        findings.listing.hung = std::chrono::steady_clock::now() - begin > patience / 2;
-        findings.listing.trouble = "The printer service cannot be reached (" + LastWords() + ").";
-        return;
-    }
-    const Destinations printers(connection.get());
-    for (int i = 0; i < printers.Count(); ++i) {
-        if (printers.At(i)->instance != nullptr) continue; // another set of options for the same printer
-        InstalledPrinter listed = Listed(printers.At(i));
-        const Asked asked(connection.get(), printers.At(i));
-        if (asked.Answers()) Complete(listed, printers.At(i), asked);
-        const std::lock_guard hold(findings.lock);
-        findings.listing.printers.push_back(std::move(listed));
-    }
-}
+/// No answer of the spooler is waited for longer.
+constexpr std::chrono::milliseconds AnswerPatience = ListingPatience * 3 / 4;
+constexpr const char* Silence = "The printer service does not answer.";
 
 } // namespace
 
-PrinterListing ListPrinters(std::chrono::milliseconds patience) {
-    const auto findings = std::make_shared<Findings>();
-    const bool ended = RunWithin(patience, [=] { Ask(*findings, patience); });
-    const std::lock_guard hold(findings->lock);
-    PrinterListing listing = findings->listing;
-    if (!ended) {
-        listing.hung = true;
-        listing.trouble = "The printer service does not answer.";
+/// What the thread that asks has found out so far; shared with those who want to know.
+class PrinterAsker::Asking {
+public:
+    static std::shared_ptr<Asking> Begin() {
+        auto asking = std::make_shared<Asking>();
+        asking->mEnded = RunAside([asking] { asking->Ask(); });
+        return asking;
     }
-    std::stable_partition(listing.printers.begin(), listing.printers.end(),
-                          [](const InstalledPrinter& printer) { return printer.isDefault; });
+
+    [[nodiscard]] bool EndsWithin(std::chrono::milliseconds patience) const {
+        return mEnded.wait_for(patience) == std::future_status::ready;
+    }
+    [[nodiscard]] Time::duration Age() const { return Time::now() - mBegin; }
+    [[nodiscard]] PrinterListing SoFar() {
+        const std::lock_guard hold(mLock);
+        return mListing;
+    }
+
+private:
+    void Ask() {
+        const Connection connection = Connect(AnswerPatience);
+        if (!connection)
+            return Fail("The printer service cannot be reached (" + LastWords() + ").",
+                        Age() > ListingPatience / 2);
+        const Destinations printers(connection.get());
+        if (Age() >= AnswerPatience && Failed()) return Fail(Silence, true);
+        // All of them before any is asked: the default printer must be among them, whatever comes.
+        std::vector<cups_dest_t*> found;
+        for (int i = 0; i < printers.Count(); ++i)
+            if (printers.At(i)->instance == nullptr) // else another set of options for the same printer
+                found.push_back(printers.At(i));
+        std::stable_partition(found.begin(), found.end(),
+                              [](const cups_dest_t* printer) { return printer->is_default != 0; });
+        for (const cups_dest_t* printer : found)
+            Add(Listed(printer));
+        for (std::size_t i = 0; i < found.size(); ++i) {
+            const Time::time_point asked = Time::now();
+            InstalledPrinter listed = Listed(found[i]);
+            if (Complete(listed, connection.get(), found[i]))
+                Replace(i, std::move(listed));
+            else if (Time::now() - asked >= AnswerPatience)
+                return Fail(Silence, true);
+        }
+    }
+
+    void Add(InstalledPrinter printer) {
+        const std::lock_guard hold(mLock);
+        mListing.printers.push_back(std::move(printer));
+    }
+    void Replace(std::size_t index, InstalledPrinter printer) {
+        const std::lock_guard hold(mLock);
+        mListing.printers[index] = std::move(printer);
+    }
+    void Fail(std::string trouble, bool hung) {
+        const std::lock_guard hold(mLock);
+        mListing.trouble = std::move(trouble);
+        mListing.hung = hung;
+    }
+    /// That there is no default printer is no failure.
+    static bool Failed() {
+        const ipp_status_t status = ::cupsLastError();
+        return status >= IPP_STATUS_ERROR_BAD_REQUEST && status != IPP_STATUS_ERROR_NOT_FOUND;
+    }
+
+    const Time::time_point mBegin = Time::now();
+    std::future<void> mEnded;
+    std::mutex mLock;
+    PrinterListing mListing;
+};
+
+PrinterListing PrinterAsker::operator()(std::chrono::milliseconds patience) {
+    constexpr std::chrono::milliseconds atOnce{0};
+    if (mAsking && mAsking->EndsWithin(atOnce) && mAsking->SoFar().hung) mAsking.reset();
+    if (!mAsking) mAsking = Asking::Begin();
+    const bool ended = mAsking->EndsWithin(patience);
+    PrinterListing listing = mAsking->SoFar();
+    if (ended) {
+        mAsking.reset();
+    } else {
+        listing.hung = mAsking->Age() >= ListingPatience;
+        listing.underWay = !listing.hung;
+        listing.trouble = Silence;
+    }
     return listing;
 }
 

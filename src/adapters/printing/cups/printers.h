@@ -4,14 +4,20 @@
 #include "adapters/printing/cups/installed_printer.h"
 
 #include <chrono>
+#include <memory>
 
 namespace qbrpt::cups {
 
-/// No longer than this is the spooler waited for when it is asked what printers there are.
-constexpr std::chrono::milliseconds ListingPatience{2000};
+/// Asks the spooler for its printers, the default one first. Never fails: what could not be had is told as
+/// trouble. An asking that takes longer than it is waited for goes on by itself, and what it has brought is
+/// there for the next who wants to know.
+class PrinterAsker {
+public:
+    [[nodiscard]] PrinterListing operator()(std::chrono::milliseconds patience = ListingPatience);
 
-/// Asks the spooler for its printers, the default one first. Never takes longer than the patience, never
-/// fails: what could not be had is told as trouble.
-[[nodiscard]] PrinterListing ListPrinters(std::chrono::milliseconds patience = ListingPatience);
+private:
+    class Asking;
+    std::shared_ptr<Asking> mAsking; ///< under way, or ended and not taken up yet
+};
 
 } // namespace qbrpt::cups
