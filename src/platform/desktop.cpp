@@ -1,5 +1,7 @@
 #include "platform/desktop.h"
 
+#include <utility>
+
 namespace qbrpt {
 
 void Screen::SetMousePointer(Pointer pointer) {
@@ -9,6 +11,7 @@ void Screen::SetMousePointer(Pointer pointer) {
 
 void Screen::Beep() {
     Announce("Screen", "Beep");
+    if (mOnce && std::exchange(mBeeped, true)) return;
     DoBeep();
 }
 

@@ -23,11 +23,31 @@ public:
     [[nodiscard]] double TwipsPerPixelY();
 
 private:
+    friend class OneBeep;
+
     virtual void DoSetMousePointer(Pointer pointer) = 0;
     virtual void DoBeep() = 0;
     // A screen of 96 dots to the inch, as desktops and report pages reckon.
     virtual double DoTwipsPerPixelX() { return 15; }
     virtual double DoTwipsPerPixelY() { return 15; }
+
+    bool mOnce = false; ///< one beep is enough for now
+    bool mBeeped = false;
+};
+
+/// While it lives, the screen is heard once at most: for much that comes at one go.
+class OneBeep {
+public:
+    explicit OneBeep(Screen& screen) : mScreen(screen) {
+        mScreen.mOnce = true;
+        mScreen.mBeeped = false;
+    }
+    ~OneBeep() { mScreen.mOnce = false; }
+    OneBeep(const OneBeep&) = delete;
+    OneBeep& operator=(const OneBeep&) = delete;
+
+private:
+    Screen& mScreen;
 };
 
 /// Message box styles: an icon, a set of buttons and reading flags, added up.

@@ -52,11 +52,11 @@ TEST_F(TextBoxes, PastedTextIsAskedForAsIfItWereTyped) {
         const char* name;
         const char* pasted;
         const char* text;
-    } const rows[] = {{"Whole", "25", "25"},
-                      {"WithASeparator", "1,5", "15"},
-                      {"TooLarge", "512", "5"},
-                      {"NoNumber", "abc", "1"},
-                      {"Arabic", "٤٥", "1"}};
+    } const rows[] = {
+        {"Whole", "25", "25"},         {"WithASeparator", "1,5", "15"},   {"TooLarge", "512", "5"},
+        {"NoNumber", "abc", "1"},      {"ACellOfASheet", "12\r\n", "12"}, {"TwoCells", "1\n2", "1"},
+        {"ALineEndFirst", "\n5", "5"}, {"OldLineEnds", "3\r4", "3"},      {"ALineEndAlone", "\r\n", "1"},
+        {"Arabic", "٤٥", "1"}};
     WhileOpen([&] {
         for (const auto& row : rows) {
             filtered.box->SetText("1");
@@ -68,6 +68,18 @@ TEST_F(TextBoxes, PastedTextIsAskedForAsIfItWereTyped) {
             EXPECT_EQ(From(), row.text) << row.name;
             EXPECT_LE(filtered.Of("change from").size(), 1U) << row.name << ": one change for all of it";
         }
+    });
+}
+
+TEST_F(TextBoxes, APastedTextBeepsOnceHoweverLong) {
+    WhileOpen([&] {
+        QGuiApplication::clipboard()->setText("a long text of letters");
+        Press(Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(platform.screen->beeps, 1);
+        Press(Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(platform.screen->beeps, 2) << "once more for another";
+        Type("ab");
+        EXPECT_EQ(platform.screen->beeps, 4) << "each of two keys";
     });
 }
 
@@ -156,14 +168,23 @@ TEST_F(TextBoxes, ALockedBoxTakesNothing) {
     EXPECT_EQ(Get<TextBox>("printer")->Text(), "مكتب الاستقبال – Orion L200");
 }
 
-TEST_F(TextBoxes, ASingleLineHasNoLineEnds) {
+TEST_F(TextBoxes, ASingleLineTakesTheFirstOfSeveral) {
     WhileOpen([&] {
         Get<TextBox>("copies")->SetFocus();
         Get<TextBox>("copies")->SetText("");
-        QGuiApplication::clipboard()->setText("أول\nثان");
+        QGuiApplication::clipboard()->setText("\r\nأول السطور\r\nثان");
         Press(Qt::Key_V, Qt::ControlModifier);
     });
-    EXPECT_EQ(Get<TextBox>("copies")->Text(), "أول ثان");
+    EXPECT_EQ(Get<TextBox>("copies")->Text(), "أول السطور");
+}
+
+TEST_F(TextBoxes, PastedLinesStayLinesWhateverTheirEnds) {
+    WhileOpen([&] {
+        Get<TextBox>("note")->SetFocus();
+        QGuiApplication::clipboard()->setText("أول\r\nثان\rثالث\nرابع");
+        Press(Qt::Key_V, Qt::ControlModifier);
+    });
+    EXPECT_EQ(Get<TextBox>("note")->Text(), "أول\r\nثان\r\nثالث\r\nرابع");
 }
 
 } // namespace

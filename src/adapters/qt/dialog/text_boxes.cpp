@@ -116,8 +116,9 @@ TextLine::TextLine(QWidget* parent) : Typed<QLineEdit>(parent) {
     connect(this, &QLineEdit::textChanged, this, [this] { TellOfChange(); });
 }
 
-void TextLine::Put(const QString& text) {
-    insert(text == QStringLiteral("\n") ? QStringLiteral(" ") : text);
+QString TextLine::Lines(QString text) const {
+    const QString lines = Typed::Lines(std::move(text));
+    return lines.section('\n', 0, 0, QString::SectionSkipEmpty);
 }
 
 void TextLine::contextMenuEvent(QContextMenuEvent* event) {
@@ -149,7 +150,7 @@ void TextPage::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void TextPage::insertFromMimeData(const QMimeData* source) {
-    Take(source->text().replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+    Take(source->text());
 }
 
 BuiltControl BuildTextBox(QWidget& parent, const ControlRow& row, const ControlEvents& events,

@@ -17,8 +17,10 @@ public:
     explicit TextLine(QWidget* parent);
 
 private:
-    void Put(const QString& text) override;
+    void Put(const QString& text) override { insert(text); }
     [[nodiscard]] QString Content() const override { return text(); }
+    /// The first line that has anything: two numbers in a row must not become one.
+    [[nodiscard]] QString Lines(QString text) const override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 };

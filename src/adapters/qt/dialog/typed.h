@@ -1,6 +1,9 @@
 // Edits that ask before each character goes into them.
 #pragma once
 
+#include "platform/desktop.h"
+#include "platform/platform.h"
+
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QInputMethodEvent>
@@ -23,8 +26,11 @@ public:
     std::function<std::int16_t(std::int16_t key)> keyPress = [](std::int16_t key) { return key; };
     std::function<void()> changed = [] {}; ///< once for all that comes at one go
 
-    void Take(const QString& text) {
+    /// However much of it is refused, it beeps once at most.
+    void Take(const QString& given) {
         if (this->isReadOnly()) return;
+        const OneBeep once(*Platform::Current().screen);
+        const QString text = Lines(given);
         mTaking = true;
         for (qsizetype at = 0; at < text.size(); ++at) {
             QString piece(text[at]);
@@ -39,6 +45,10 @@ protected:
     /// Inserts in place of the selection.
     virtual void Put(const QString& text) = 0;
     [[nodiscard]] virtual QString Content() const = 0;
+    /// As much of a text as the box has lines for; each line ends with a line feed.
+    [[nodiscard]] virtual QString Lines(QString text) const {
+        return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace('\r', '\n');
+    }
 
     /// To be called whenever the text may have changed.
     void TellOfChange() {
