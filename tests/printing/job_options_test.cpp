@@ -8,7 +8,9 @@
 namespace qbrpt {
 namespace {
 
+using ::testing::_;
 using ::testing::Contains;
+using ::testing::Not;
 using ::testing::Pair;
 
 InstalledPrinter Lazer() {
@@ -40,6 +42,13 @@ TEST(JobOptions, PaperAndTrayGoAsOne) {
     job.bin = std::nullopt;
     EXPECT_THAT(OptionsOf(Lazer(), job),
                 Contains(Pair("media-col", "{media-size={x-dimension=20990 y-dimension=29704}}")));
+}
+
+TEST(JobOptions, OnlyAQueueThatTurnsPagesIsToldNotTo) {
+    InstalledPrinter printer = Lazer();
+    EXPECT_THAT(OptionsOf(printer, {}), Not(Contains(Pair("orientation-requested", _))));
+    printer.info.orientation = OrientationLandscape;
+    EXPECT_THAT(OptionsOf(printer, {}), Contains(Pair("orientation-requested", "3")));
 }
 
 TEST(JobOptions, WhatThePrinterLacksIsRefused) {

@@ -57,6 +57,44 @@ TEST_F(FolderPrinter, TurnsThePagesOfALandscapeReportOntoTheSheet) {
     EXPECT_THAT(pages[0].text, HasSubstr("صفحة1"));
 }
 
+TEST_F(FolderPrinter, ThatIsLandscapeByDefaultTurnsNothingByItself) {
+    service.Tell({"lpadmin", "-p", "folder", "-o", "orientation-requested-default=4"});
+    list->SetCurrent("folder");
+    ASSERT_EQ(list->Current().orientation, OrientationLandscape);
+    Payments("folder")->PrintOut(false);
+    const std::vector<PrintedPage> upright = PagesIn(service.Printed("folder").file);
+    EXPECT_EQ(NumbersOf(upright), "1 2 3 4 5");
+    EXPECT_EQ(upright[0].width, 595);
+    EXPECT_EQ(upright[0].height, 842);
+    EXPECT_FALSE(upright[0].sideways);
+    const auto wide = Payments("folder");
+    wide->SetPaperOrientation(OrientationLandscape);
+    wide->PrintOut(false);
+    const std::vector<PrintedPage> turned = PagesIn(service.Printed("folder", 2).file);
+    EXPECT_EQ(turned[0].width, 595);
+    EXPECT_EQ(turned[0].height, 842);
+    EXPECT_TRUE(turned[0].sideways);
+}
+
+TEST_F(PrintTest, AQueueWithoutADriverTakesTheUsualPapers) {
+    service.AddRawQueue("raw");
+    list->SetCurrent("raw");
+    EXPECT_EQ(list->Current().paperSize, 9);
+    CapabilityRows papers;
+    GetPapersData("raw", "", papers);
+    EXPECT_THAT(papers, Contains(CapabilityRow{"A5", 11}));
+    EXPECT_EQ(GetBinsData("raw", "", papers), 0);
+    list->SetPaperSize(11);
+    Payments("raw", 11)->PrintOut(false,
+                                  {.copies = 2, .collated = std::nullopt, .startPage = 2, .stopPage = 3});
+    const PrintedJob job = service.Printed("raw");
+    const std::vector<PrintedPage> pages = PagesIn(job.file);
+    ASSERT_THAT(pages, SizeIs(2));
+    EXPECT_EQ(pages[0].width, 420);
+    EXPECT_EQ(pages[0].height, 595);
+    EXPECT_TRUE(job.Has("\n2\n")) << "the copies are the device's: " << job.words;
+}
+
 struct PaperCase {
     const char* name;
     std::int16_t code;

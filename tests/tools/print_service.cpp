@@ -187,13 +187,23 @@ ProgramResult PrintService::Tell(std::vector<std::string> command) const {
 }
 
 void PrintService::AddFolderQueue(const std::string& name, const QueueKind& kind) {
+    WriteContent(mRoot / (name + ".ppd"), DescriptionOf(kind));
+    AddSavingQueue(name, {"-P", (mRoot / (name + ".ppd")).string()});
+}
+
+void PrintService::AddRawQueue(const std::string& name) {
+    AddSavingQueue(name, {"-m", "raw"});
+}
+
+void PrintService::AddSavingQueue(const std::string& name, const std::vector<std::string>& driver) {
     const fs::path folder = mRoot / ("out/" + name);
     fs::create_directories(folder);
     fs::permissions(folder, fs::perms(0777));
-    WriteContent(mRoot / (name + ".ppd"), DescriptionOf(kind));
-    const ProgramResult added =
-        Tell({"lpadmin", "-p", name, "-E", "-v", "testdir:" + folder.string(), "-P",
-              (mRoot / (name + ".ppd")).string(), "-D", "طابعة المكتب", "-L", "القاعة 1"});
+    std::vector<std::string> command = {
+        "lpadmin", "-p",           name, "-E",      "-v", "testdir:" + folder.string(),
+        "-D",      "طابعة المكتب", "-L", "القاعة 1"};
+    command.insert(command.end(), driver.begin(), driver.end());
+    const ProgramResult added = Tell(std::move(command));
     if (added.status != 0) throw std::runtime_error("no queue: " + added.err);
 }
 

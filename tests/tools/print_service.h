@@ -45,6 +45,8 @@ public:
 
     /// A queue that saves what it gets in a folder.
     void AddFolderQueue(const std::string& name, const QueueKind& kind = {});
+    /// A queue without a driver, which saves what it gets in a folder.
+    void AddRawQueue(const std::string& name);
     /// A driverless printer behind a queue.
     void AddDriverlessQueue(const std::string& name);
 
@@ -70,6 +72,7 @@ public:
     [[nodiscard]] std::string Log() const;
 
 private:
+    void AddSavingQueue(const std::string& name, const std::vector<std::string>& driver);
     void WriteSettings() const;
     void WriteBackend() const;
 

@@ -1,6 +1,6 @@
 #include "adapters/printing/installed_printers.h"
 
-#include "base/paper.h"
+#include "adapters/printing/cups/offers.h"
 
 #include <algorithm>
 #include <utility>
@@ -20,8 +20,7 @@ InstalledPrinter ListedPdfPrinter(const PdfPrinter& printer) {
     InstalledPrinter listed;
     listed.info = printer.Info();
     listed.comment = PdfComment;
-    for (const StandardPaper& paper : StandardPapers())
-        listed.papers.push_back({paper.number, std::string(paper.name), {}, paper.width, paper.height});
+    listed.papers = UsualPapers();
     return listed;
 }
 

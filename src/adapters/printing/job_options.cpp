@@ -55,6 +55,9 @@ cups::JobOptions OptionsOf(const InstalledPrinter& printer, const PrintJob& job)
                                 {"multiple-document-handling", "separate-documents-collated-copies"},
                                 {"print-scaling", "none"},
                                 {"number-up", "1"}};
+    // A queue that turns what it prints would turn pages that lie on their sheets as they should: 3 is
+    // upright.
+    if (printer.info.orientation == OrientationLandscape) options.emplace_back("orientation-requested", "3");
     if (job.sides != Sides::AsThePrinterHas) {
         if (!printer.twoSided) Refuse(printer, "cannot print on both sides.");
         options.emplace_back("sides",

@@ -204,6 +204,8 @@ bool Complete(InstalledPrinter& listed, http_t* connection, cups_dest_t* printer
     const Asked asked(connection, printer);
     if (!asked.Answers()) return false;
     listed.papers = PapersOf(asked.Media());
+    // A queue without a driver knows of no papers, and hands on whatever it gets.
+    if (listed.papers.empty()) listed.papers = UsualPapers();
     listed.bins = BinsOf(Keywords(asked.Supported("media-source")));
     const std::vector<std::string> sides = Keywords(asked.Supported("sides"));
     listed.twoSided = std::find(sides.begin(), sides.end(), "two-sided-long-edge") != sides.end();

@@ -131,6 +131,13 @@ std::vector<PrinterPaper> PapersOf(const std::vector<ListedMedia>& media) {
     return papers;
 }
 
+std::vector<PrinterPaper> UsualPapers() {
+    std::vector<PrinterPaper> papers;
+    for (const StandardPaper& paper : StandardPapers())
+        papers.push_back({paper.number, std::string(paper.name), {}, paper.width, paper.height});
+    return papers;
+}
+
 std::string BinName(std::string_view keyword) {
     if (const KnownBin* known = KnownBinOf(keyword)) return std::string(known->name);
     constexpr std::string_view tray = "tray-";

@@ -21,6 +21,9 @@ struct ListedMedia {
 /// printer's other papers leave it free.
 [[nodiscard]] std::vector<PrinterPaper> PapersOf(const std::vector<ListedMedia>& media);
 
+/// The papers of a printer that takes whatever it is given: all that have a usual number.
+[[nodiscard]] std::vector<PrinterPaper> UsualPapers();
+
 /// The trays of a printer, from the spooler's keywords, in the same way.
 [[nodiscard]] std::vector<PrinterBin> BinsOf(const std::vector<std::string>& keywords);
 
