@@ -1,8 +1,8 @@
 // The first page of the accounts' window: accounts, and what they hold.
 #include "accounts/frmAccount.h"
 #include "accounts/ledger.h"
-#include "base/latin.h"
 #include "base/leading_number.h"
+#include "base/letters.h"
 #include "base/numbers.h"
 #include "base/pictures.h"
 #include "support/error_trap.h"
@@ -39,7 +39,7 @@ void frmAccount::LoadList() {
     const Ref<DAO::Recordset> records = mDb->OpenRecordset(ledger::Balances());
     for (; !records->Eof(); records->MoveNext()) {
         const std::int32_t accountId = AccountNumber(records->Fields("accid"));
-        list->Add(KeyOf(accountId), TextOf(records->Fields("name")));
+        list->Add(KeyOf(accountId), AccountName(records->Fields("name")));
         list->SetSubItem(list->ItemCount(), 1, FormatNumber(NumberOf(records->Fields("total")), "#,#.#0"));
     }
     records->Close();
@@ -50,7 +50,7 @@ void frmAccount::LoadCombos() {
     const Ref<DAO::Recordset> records = mDb->OpenRecordset(ledger::Accounts());
     for (; !records->Eof(); records->MoveNext()) {
         for (const Ref<ListControl>& combo : combos)
-            combo->AddItem(TextOf(records->Fields("name")));
+            combo->AddItem(AccountName(records->Fields("name")));
         for (const Ref<ListControl>& combo : combos)
             combo->SetItemData(combo->ListCount() - 1, AccountNumber(records->Fields("accid")));
     }
@@ -61,7 +61,7 @@ bool frmAccount::FindInList(const std::string& s) {
     const Ref<ListView> list = Get<ListView>("AccList");
     const std::int32_t count = list->ItemCount();
     for (std::int32_t item = 1; item <= count; ++item)
-        if (SameAnyCase(list->ItemText(item), s)) return true;
+        if (SameFolded(list->ItemText(item), s)) return true;
     return false;
 }
 

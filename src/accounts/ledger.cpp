@@ -47,6 +47,10 @@ std::string NewEntry(const Entry& entry) {
 
 } // namespace ledger
 
+std::string AccountName(const Value& name) {
+    return IsNull(name) ? std::string() : TextOf(name);
+}
+
 void GetAccountBalance(const Ref<DAO::Database>& db, std::int32_t nAccId, std::int32_t& nTotal) {
     const Ref<DAO::Recordset> records = db->OpenRecordset(ledger::Balance(nAccId));
     std::int32_t total = 0;

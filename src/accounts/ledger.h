@@ -37,6 +37,10 @@ struct Entry {
 
 namespace qbrpt {
 
+/// The name in a row of accounts. Other programs may have written accounts without one; such a null reads as
+/// an empty name, since one of these must not keep all others out of a list.
+[[nodiscard]] std::string AccountName(const Value& name);
+
 /// What an account holds in `nTotal`, as the nearest whole number, halves to the even neighbour. Has no trap:
 /// a failure is the caller's statement, and leaves `nTotal` as it is.
 void GetAccountBalance(const Ref<DAO::Database>& db, std::int32_t nAccId, std::int32_t& nTotal);

@@ -1,3 +1,4 @@
+#include "base/letters.h"
 #include "base/numbers.h"
 #include "base/pictures.h"
 #include "dialect/convert.h"

@@ -1,4 +1,5 @@
 #include "base/failure.h"
+#include "base/letters.h"
 #include "base/utf8.h"
 #include "dialect/convert.h"
 #include "dialect/function_groups.h"

@@ -1,6 +1,6 @@
 #include "support/Startupmdl.h"
 
-#include "base/latin.h"
+#include "base/letters.h"
 #include "platform/platform.h"
 #include "support/error_trap.h"
 #include "support/words.h"
@@ -42,7 +42,7 @@ private:
 bool InFontTable(const std::string& name) {
     const auto& table = FontTable();
     return std::any_of(table.begin(), table.end(),
-                       [&](const auto& entry) { return SameAnyCase(entry, name); });
+                       [&](const auto& entry) { return SameFolded(entry, name); });
 }
 
 void FitFont(ReportObject& object) {

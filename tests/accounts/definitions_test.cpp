@@ -60,6 +60,39 @@ TEST_F(AccountWindowTest, TheFirstAccountIsNumberOne) {
     EXPECT_EQ(Ask("SELECT * FROM account_src"), "1|الصندوق");
 }
 
+struct NumberRow {
+    const char* name;
+    const char* accounts; ///< values of the table; empty: none
+    const char* removed;  ///< numbers that somebody else has taken out again
+    const char* item;     ///< of the new account
+};
+
+class NewNumbers : public AccountWindowTest, public ::testing::WithParamInterface<NumberRow> {};
+
+TEST_P(NewNumbers, AreOneAboveTheHighest) {
+    const NumberRow& row = GetParam();
+    if (*row.accounts != '\0') Native("INSERT INTO account_src VALUES " + std::string(row.accounts));
+    Native("DELETE FROM account_src WHERE accid IN (" + std::string(row.removed) + ")");
+    Show([&] {
+        Type("txtAccount", "new");
+        Press("cmdAdd");
+        EXPECT_EQ(Items().back(), row.item);
+    });
+    EXPECT_EQ(Ask("SELECT accid || '| ' || name || '/0.0' FROM account_src WHERE name = 'new'"), row.item);
+}
+
+const NumberRow NewNumberRows[] = {
+    {"First", "", "", "1| new/0.0"},
+    {"GapsStayGaps", "(1, 'a'), (5, 'b')", "", "6| new/0.0"},
+    {"OneInTheMiddleIsGone", "(1, 'a'), (2, 'b'), (3, 'c')", "2", "4| new/0.0"},
+    {"TheHighestIsGone", "(1, 'a'), (2, 'b'), (3, 'c')", "3", "3| new/0.0"},
+    {"AllAreGone", "(1, 'a'), (2, 'b')", "1, 2", "1| new/0.0"},
+    {"NegativesAlone", "(-7, 'a'), (-3, 'b')", "", "-2| new/0.0"},
+    {"MinusOneAlone", "(-1, 'a')", "", "0| new/0.0"},
+};
+INSTANTIATE_TEST_SUITE_P(Rows, NewNumbers, ::testing::ValuesIn(NewNumberRows),
+                         [](const auto& row) { return row.param.name; });
+
 TEST_F(AccountWindowTest, ANewAccountReachesTheOtherListsWithTheTab) {
     FillLedger();
     Show([&] {
@@ -154,6 +187,38 @@ TEST_F(AccountWindowTest, TheFocusSelectsTheWholeName) {
     });
 }
 
+struct NameRow {
+    const char* name;
+    const char* there;
+    const char* typed;
+    bool known;
+};
+
+class TypedNames : public AccountWindowTest, public ::testing::WithParamInterface<NameRow> {};
+
+TEST_P(TypedNames, AreFoundInAnyCase) {
+    const NameRow& row = GetParam();
+    Native("INSERT INTO account_src VALUES (1, 'Till'), (2, '" + std::string(row.there) + "')");
+    Show([&] {
+        ClickItem(1);
+        Type("txtAccount", row.typed);
+        EXPECT_EQ(Button("cmdAdd")->enabled, !row.known);
+        EXPECT_EQ(Button("cmdUpdate")->enabled, !row.known);
+    });
+}
+
+const NameRow TypedNameRows[] = {{"Latin", "Safe", "sAFE", true},
+                                 {"Accent", "CAFÉ", "café", true},
+                                 {"Cyrillic", "Сейф", "сейф", true},
+                                 {"Greek", "ΑΒΓ", "αβγ", true},
+                                 {"Arabic", "الخزنة", "الخزنة", true},
+                                 {"ABlankMore", "Safe", "Safe ", false},
+                                 {"NoAccent", "CAFÉ", "cafe", false},
+                                 {"HamzaOnTheAlef", "احمد", "أحمد", false},
+                                 {"TwoLettersForOne", "Straße", "Strasse", false}};
+INSTANTIATE_TEST_SUITE_P(Rows, TypedNames, ::testing::ValuesIn(TypedNameRows),
+                         [](const auto& row) { return row.param.name; });
+
 TEST_F(AccountWindowTest, WithoutItsTablesSaysSoAndOpensAllTheSame) {
     Native("DROP TABLE account_log");
     bool shown = false;
@@ -162,6 +227,27 @@ TEST_F(AccountWindowTest, WithoutItsTablesSaysSoAndOpensAllTheSame) {
     ASSERT_EQ(platform.messages->boxes.size(), 1U);
     EXPECT_EQ(platform.messages->boxes[0].style, 16);
     EXPECT_THAT(Boxes()[0], ::testing::HasSubstr("account_log"));
+}
+
+TEST_F(AccountWindowTest, AnAccountWithoutANameStandsAmongTheOthersAndCanGetOne) {
+    FillLedger();
+    Native("INSERT INTO account_src VALUES (4, NULL), (5, 'Desk')");
+    Show([&] {
+        EXPECT_THAT(Items(),
+                    ElementsAre("1| Till/100.50", "2| البنك/40.00", "3| Safe/.00", "4| /.00", "5| Desk/.00"));
+        for (const char* combo : {"comboFrom", "comboTo", "comboAcc"}) {
+            EXPECT_THAT(Combo(combo)->items, ElementsAre("Till", "البنك", "Safe", "", "Desk"));
+            EXPECT_THAT(Combo(combo)->itemData, ElementsAre(1, 2, 3, 4, 5));
+        }
+        ClickItem(4);
+        EXPECT_EQ(Text("txtAccount")->text, "");
+        EXPECT_FALSE(Button("cmdAdd")->enabled);
+        Type("txtAccount", "Petty cash");
+        Press("cmdUpdate");
+        EXPECT_EQ(Items().at(3), "4| Petty cash/.00");
+    });
+    EXPECT_THAT(Boxes(), IsEmpty());
+    EXPECT_EQ(Ask("SELECT name FROM account_src WHERE accid = 4"), "Petty cash");
 }
 
 TEST_F(AccountWindowTest, ANumberThatStandsTwiceStopsTheReadingOfTheLists) {

@@ -102,6 +102,13 @@ INSTANTIATE_TEST_SUITE_P(
         ObjectRow{"ASubreportIsLeftAlone", ObjectKind::Subreport, "Tahoma", 0, "Tahoma", 0}),
     [](const auto& row) { return row.param.name; });
 
+TEST_F(FontPassTest, ANameInOtherLettersIsKnownInAnyCaseToo) {
+    platform.fonts->fonts.push_back({3, "Шрифт É"});
+    const FakeReportObject& object = Object(1, ObjectKind::Text, "ШРИФТ é", 0);
+    ApplyReportFonts(report);
+    EXPECT_EQ(object.fontName, "ШРИФТ é");
+}
+
 TEST_F(FontPassTest, TheFontsAreEnumeratedOnceAProcess) {
     ApplyReportFonts(report);
     ApplyReportFonts(report);
