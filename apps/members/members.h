@@ -38,7 +38,8 @@ struct MemberArgument {
     std::string name;
     ArgumentKind kind;
     Words help;
-    std::optional<std::string> defaultText{}; ///< as it would be typed; nothing: must be given
+    /// As it would be typed; nothing: must be given. The name of an argument before it stands for its value.
+    std::optional<std::string> defaultText{};
 };
 
 /// What a member leaves behind, when all goes well.

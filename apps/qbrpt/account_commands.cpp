@@ -53,7 +53,7 @@ void PrintLines(const Ref<DAO::Recordset>& records) {
     for (; !records->Eof(); records->MoveNext()) {
         const AccountLine& line = lines.emplace_back(AccountLine{
             TextOf(records->Fields("accid")), FormatNumber(NumberOf(records->Fields("total")), "#,##0.00"),
-            TextOf(records->Fields("name"))});
+            AccountName(records->Fields("name"))});
         numbers = std::max(numbers, line.number.size());
         totals = std::max(totals, line.total.size());
     }
@@ -66,7 +66,7 @@ void PrintLines(const Ref<DAO::Recordset>& records) {
 std::string NameOf(const Ref<DAO::Database>& db, std::int32_t accountId) {
     const Ref<DAO::Recordset> records =
         db->OpenRecordset("SELECT name FROM account_src WHERE accid = " + DecimalText(accountId));
-    return records->Eof() ? std::string() : TextOf(records->Fields(0));
+    return records->Eof() ? std::string() : AccountName(records->Fields(0));
 }
 
 struct Period {
@@ -74,11 +74,10 @@ struct Period {
     double to = 0;
 };
 
-/// The last two arguments. A beginning without an end is its one day.
+/// The last two arguments.
 Period PeriodOf(std::span<const Argument> arguments) {
-    const double from = std::get<double>(arguments[arguments.size() - 2]);
-    const double to = std::get<double>(arguments[arguments.size() - 1]);
-    return {from, to == 0 ? from : to};
+    return {std::get<double>(arguments[arguments.size() - 2]),
+            std::get<double>(arguments[arguments.size() - 1])};
 }
 
 const members::Words PeriodHelp = {
@@ -92,7 +91,8 @@ const members::Words PeriodHelp = {
 
 std::vector<LedgerReport> MakeLedgerReports() {
     const MemberArgument from = {"FROM", ArgumentKind::DateNumber, {"begin; 0 for all time", ""}, "0"};
-    const MemberArgument to = {"TO", ArgumentKind::DateNumber, {"end, with its time of day", ""}, "0"};
+    // A beginning without an end is its one day; an end of 0 is one, before all others.
+    const MemberArgument to = {"TO", ArgumentKind::DateNumber, {"end, with its time of day", ""}, from.name};
     const Member ofOne = {"PrintAccountMoves",
                           {"What came into an account and what went out", ""},
                           members::Outcome::Report,

@@ -87,6 +87,14 @@ Argument ReadDateNumber(const std::string& typed) {
     return *number;
 }
 
+/// The argument behind those that have been read.
+Argument LeftOut(const Member& member, const std::vector<Argument>& before) {
+    const MemberArgument& expected = member.arguments[before.size()];
+    for (std::size_t i = 0; i < before.size(); ++i)
+        if (member.arguments[i].name == *expected.defaultText) return before[i];
+    return ReadArgument(expected.kind, *expected.defaultText);
+}
+
 } // namespace
 
 Argument ReadArgument(ArgumentKind kind, const std::string& typed) {
@@ -115,9 +123,9 @@ std::vector<Argument> ReadArguments(const Member& member, const std::vector<std:
         const MemberArgument& expected = member.arguments[i];
         if (i >= typed.size() && !expected.defaultText)
             throw WrongUse(member.name + ": the argument " + expected.name + " is missing.");
-        const std::string& text = i < typed.size() ? typed[i] : *expected.defaultText;
         try {
-            arguments.push_back(ReadArgument(expected.kind, text));
+            arguments.push_back(i < typed.size() ? ReadArgument(expected.kind, typed[i])
+                                                 : LeftOut(member, arguments));
         } catch (const WrongUse& wrong) {
             throw WrongUse(member.name + ": " + expected.name + ": " + wrong.what());
         }

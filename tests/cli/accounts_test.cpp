@@ -53,6 +53,17 @@ TEST(AccountsCommand, ListsAsCommaSeparatedValues) {
     EXPECT_EQ(ContentOf(ledger.cafe.File("a.csv")), table);
 }
 
+TEST(AccountsCommand, ListsOneWithoutANameToo) {
+    const Ledger ledger;
+    ledger.cafe.Change("UPDATE account_src SET name = NULL WHERE accid = 2");
+    EXPECT_EQ(ledger.Run({"accounts"}).out,
+              " 1  1,054.50  الصندوق\n 2     40.00  \n 3      6.00  Safe\n10      0.00  Idle\n");
+    EXPECT_THAT(ledger.Run({"accounts", "--csv"}).out, HasSubstr("\r\n2,,40\r\n3,Safe,6\r\n"));
+    const ProgramResult moves = ledger.Run({"PrintAccountMoves", "2", "--csv", ledger.cafe.File("m.csv")});
+    EXPECT_EQ(moves.status, 0) << moves.err;
+    EXPECT_EQ(moves.err, "");
+}
+
 TEST(AccountsCommand, SaysWhatIsWrong) {
     EXPECT_EQ(Qbrpt({"accounts"}).status, 2);
     const ProgramResult missing = Qbrpt({"accounts", "--db", "none.db"});
@@ -105,15 +116,33 @@ INSTANTIATE_TEST_SUITE_P(
                  {"PrintAccountMoves", "1", "2025-01-11", "2025-01-12T23:59"},
                  "",
                  ToBank + ToSafe},
+        // The end has its time of day: noon lies behind nine o'clock.
+        MovesRow{"OfOneUpToAnHour", {"PrintAccountMoves", "1", "2025-01-11", "2025-01-12T09:00"}, "", ToBank},
         MovesRow{"OfOneUpToABound", {"PrintAccountMoves", "1", "45668.25", "45669.5"}, "", ToBank + ToSafe},
         // Noon of the day before rounds to the even day, this one.
         MovesRow{"OfOneDay", {"PrintAccountMoves", "1", "2025-01-11"}, Takings, ToBank},
+        // An end of 0 is an end; the bounds of a time may stand in either order.
+        MovesRow{"OfOneDownToZero", {"PrintAccountMoves", "1", "45668", "0"}, Takings, ""},
+        MovesRow{"OfOneUpToItsBeginning", {"PrintAccountMoves", "1", "45668", "45668"}, Takings, ToBank},
         MovesRow{"IncomingAlone", {"PrintAccountMoves", "2"}, "الصندوق,40,,2025-01-11 06:00:00\r\n", ""},
         MovesRow{"All",
                  {"PrintAllMoves"},
                  "صافي الإيراد ليوم 10-01-2025,الصندوق,1100.5,x,2025-01-10 12:00:00\r\n"
                  "الصندوق,البنك,40,,2025-01-11 06:00:00\r\nالصندوق,Safe,10,,2025-01-12 12:00:00\r\n"
                  "Safe,الصندوق,4,back,2025-01-13 18:00:00\r\n",
+                 "-"},
+        MovesRow{"AllOfADay",
+                 {"PrintAllMoves", "2025-01-11"},
+                 "صافي الإيراد ليوم 10-01-2025,الصندوق,1100.5,x,2025-01-10 12:00:00\r\n"
+                 "الصندوق,البنك,40,,2025-01-11 06:00:00\r\n",
+                 "-"},
+        MovesRow{"AllDownToZero",
+                 {"PrintAllMoves", "2025-01-11", "0"},
+                 "صافي الإيراد ليوم 10-01-2025,الصندوق,1100.5,x,2025-01-10 12:00:00\r\n",
+                 "-"},
+        MovesRow{"AllUpToAnHour",
+                 {"PrintAllMoves", "2025-01-11", "2025-01-12T09:00"},
+                 "الصندوق,البنك,40,,2025-01-11 06:00:00\r\n",
                  "-"},
         MovesRow{"AllOfATime",
                  {"PrintAllMoves", "2025-01-11", "2025-01-12"},

@@ -1,4 +1,5 @@
 // What may be typed for the arguments of a member.
+#include "account_commands.h"
 #include "arguments.h"
 
 #include <gmock/gmock.h>
@@ -121,6 +122,15 @@ TEST(MemberTable, TooManyAndMissingArgumentsAreNamed) {
     EXPECT_THROW(static_cast<void>(ReadArguments(bill, {})), WrongUse);
     EXPECT_THROW(static_cast<void>(ReadArguments(bill, {"1", "2"})), WrongUse);
     EXPECT_EQ(ReadArguments(bill, {"-7"}), std::vector<Argument>{std::int32_t{-7}});
+}
+
+TEST(LedgerTable, AnEndThatIsLeftOutIsTheBeginning) {
+    const Member& all = LedgerReports()[1].member;
+    using Values = std::vector<Argument>;
+    EXPECT_EQ(ReadArguments(all, {}), (Values{0.0, 0.0}));
+    EXPECT_EQ(ReadArguments(all, {"45668.5"}), (Values{45668.5, 45668.5}));
+    EXPECT_EQ(ReadArguments(all, {"45668.5", "0"}), (Values{45668.5, 0.0}));
+    EXPECT_EQ(ReadArguments(all, {"0", "45668.5"}), (Values{0.0, 45668.5}));
 }
 
 } // namespace
