@@ -38,6 +38,15 @@ constexpr std::array Controls = {
     Cancels(Words(Kind::CommandButton, "Cancel", "", "إلغاء الأمر", {.row = 2, .column = 2}, 8)),
 };
 
+/// Lets go of a window, however its showing ends.
+struct Closed {
+    explicit Closed(Ref<Form>& shown) : form(shown) {}
+    Closed(const Closed&) = delete;
+    Closed& operator=(const Closed&) = delete;
+    ~Closed() { form.Clear(); }
+    Ref<Form>& form;
+};
+
 } // namespace
 
 const FormTable& MembersPrintTable() {
@@ -51,19 +60,27 @@ const FormTable& MembersPrintTable() {
     return table;
 }
 
+frmMembersPrint& frmMembersPrint::Instance() {
+    static frmMembersPrint instance;
+    return instance;
+}
+
 std::int32_t frmMembersPrint::GetPrintType() {
+    if (!mForm.Empty())
+        throw Failure(FailureNumber::InvalidArgument,
+                      "The window that asks which subscriptions are meant is open already.");
     bAccepted = false;
     bGroupPrint = false;
     dStartDate = 0;
     dEndDate = 0;
     mForm = Platform::Current().forms->Load(MembersPrintTable(), *this);
     const Ref<Form> form = mForm;
+    const Closed closed{mForm};
     for (const char* day : {"dtStart", "dtEnd"})
         form->Get<DatePicker>(day)->SetValue(std::nullopt);
     form->ShowModal();
     const std::int32_t type = bAccepted ? ReadChoice(*form) : Refused;
     form->Unload();
-    mForm.Clear();
     return type;
 }
 

@@ -11,7 +11,7 @@ namespace qbrpt {
 /// As it is built.
 [[nodiscard]] const FormTable& MembersPrintTable();
 
-/// Opens with the same choices each time.
+/// One instance a process; opens with the same choices each time.
 class frmMembersPrint : private FormEvents {
 public:
     static constexpr std::int32_t Refused = -1;
@@ -19,8 +19,11 @@ public:
     static constexpr std::int32_t Running = 1;
     static constexpr std::int32_t Owing = 2;
 
+    /// The instance; created where there is none.
+    [[nodiscard]] static frmMembersPrint& Instance();
+
     /// Shows the window and gives what was chosen; closing it is refusing. Has no trap: a failure is the
-    /// caller's statement.
+    /// caller's statement, and so is a second showing while the window is open.
     [[nodiscard]] std::int32_t GetPrintType();
 
     // Valid once it has been accepted.
@@ -33,7 +36,7 @@ private:
     /// What was chosen in the window that was accepted.
     [[nodiscard]] std::int32_t ReadChoice(Form& form);
 
-    Ref<Form> mForm;
+    Ref<Form> mForm; ///< while it is open
     bool bAccepted = false;
 };
 

@@ -52,7 +52,7 @@ std::string WhereOf(std::int32_t type, const std::string& days, bool grouped) {
 
 /// Asks the user; nothing where he refuses.
 std::optional<Choice> AskedChoice() {
-    frmMembersPrint window;
+    frmMembersPrint& window = frmMembersPrint::Instance();
     const std::int32_t type = window.GetPrintType();
     if (type == frmMembersPrint::Refused) return std::nullopt;
     return Choice{type, window.bGroupPrint, WhereOf(type, DayCondition(window), window.bGroupPrint)};

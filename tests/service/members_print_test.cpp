@@ -143,7 +143,7 @@ TEST_F(MembersPrint, TheTextOfAHostShowsNoWindow) {
 }
 
 TEST_F(MembersPrint, OpensTheSameEachTime) {
-    frmMembersPrint window;
+    frmMembersPrint& window = frmMembersPrint::Instance();
     Answer({.option = 2, .start = 37'780, .end = 37'790, .group = true});
     EXPECT_EQ(window.GetPrintType(), frmMembersPrint::Owing);
     EXPECT_EQ(window.dStartDate, 37'780);
@@ -166,7 +166,35 @@ TEST_F(MembersPrint, ARefusalAfterAnAcceptanceCounts) {
         form.events.Click("cmdOk");
         form.events.Click("Cancel");
     };
-    EXPECT_EQ(frmMembersPrint().GetPrintType(), frmMembersPrint::Refused);
+    EXPECT_EQ(frmMembersPrint::Instance().GetPrintType(), frmMembersPrint::Refused);
+}
+
+TEST_F(MembersPrint, ASecondOneWhileItIsOpenIsRefusedAndTheFirstGoesOn) {
+    GiveDatabase();
+    platform.forms->shown = [this](fakes::FakeForm& form) {
+        if (form.caption != "خيارات طباعة بيانات المشتركين") return;
+        form.controls.Of<fakes::FakeDatePicker>("dtStart")->value = 37'780;
+        cls.PrintMembersInfo();
+        EXPECT_THAT(db->opened, IsEmpty());
+        form.events.Click("cmdOk");
+    };
+    cls.PrintMembersInfo();
+    EXPECT_THAT(platform.messages->boxes,
+                ElementsAre(ShownBox{"The window that asks which subscriptions are meant is open already.",
+                                     21, "qbrpt"}));
+    EXPECT_THAT(Statements(), ElementsAre(Single("WHERE CLng(mi.begindate) = 37780")));
+    EXPECT_EQ(platform.forms->built, 2) << "the question and the preview";
+}
+
+TEST_F(MembersPrint, OneThatCouldNotBeShownDoesNotStandInTheWayOfTheNext) {
+    GiveDatabase();
+    platform.forms->shown = [](fakes::FakeForm&) { throw Failure(FailureNumber::Device, "no screen"); };
+    cls.PrintMembersInfo();
+    EXPECT_TRUE(platform.forms->latest.expired());
+    Answer({.option = 1});
+    cls.PrintMembersInfo();
+    EXPECT_THAT(Statements(), ElementsAre(Single("WHERE Not mi.ended")));
+    EXPECT_THAT(platform.messages->boxes, ElementsAre(ShownBox{"no screen", 21, "qbrpt"}));
 }
 
 struct CaptionRow {
