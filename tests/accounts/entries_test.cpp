@@ -78,6 +78,12 @@ const AmountRow AmountRows[] = {
     {"MoreThanHalfIsOne", 0.75, "1", "1.0"},
     {"FromNothing", 0, "1", ""},
     {"BelowNothing", -5, "1", ""},
+    // The button sleeps on it; where the entry is made all the same, only 0 and too much are refused.
+    {"Negative", 100, "-5", "-5.0"},
+    {"NegativeFromNothing", 0, "-5", "-5.0"},
+    {"TooLargeForANumber", 100, std::string(400, '9'), ""},
+    {"TooLargeForANumberFromBelowNothing", -5, std::string(400, '9'), ""},
+    {"TooSmallForANumber", 100, "." + std::string(400, '0') + "1", ""},
     {"FifteenDigits", 1000, "0.3000000000000001", "0.3"},
 };
 INSTANTIATE_TEST_SUITE_P(Rows, Amounts, ::testing::ValuesIn(AmountRows),
@@ -122,6 +128,24 @@ TEST_F(Entries, GoInTheirOrder) {
                                 "trans_date, descrip) VALUES(1, 2, 60, 38000.5, '')\")",
                                 "DAO.Transaction.Commit()", "TextBox.SetText(\"0\")", "TextBox.SetText(\"\")",
                                 balance, "TextBox.SetText(\"40.5\")", "Control.SetFocus()"));
+    });
+}
+
+TEST_F(Entries, OfANegativeAmountDoNotWakeTheButton) {
+    FillLedger();
+    Show([&] {
+        ChooseTab(2);
+        Choose("comboFrom", 0);
+        Choose("comboTo", 1);
+        const std::pair<const char*, bool> amounts[] = {
+            {"-5", false}, {"5", true}, {"0", false}, {"0.01", true}, {"-0", false}};
+        for (const auto& [amount, awake] : amounts) {
+            Type("txtAmount", amount);
+            EXPECT_EQ(Button("cmdAddReg")->enabled, awake) << amount;
+        }
+        Type("txtAmount", std::string(400, '9'));
+        EXPECT_TRUE(Button("cmdAddReg")->enabled)
+            << "it is above 0; what is too much is said when it is entered";
     });
 }
 

@@ -234,6 +234,25 @@ TEST_F(AccountReportsTest, PointAtTheCurrentPrinter) {
     EXPECT_EQ(platform.forms->built, 2) << "a window of its own for each report";
 }
 
+// It cannot be added up; an amount that came in is not added at all.
+TEST_F(AccountReportsTest, AnAmountOfNullThatWentOutIsAFailureAndOneThatCameInIsNone) {
+    const fakes::Row without = {std::string("البنك"), Null{}, std::string("بيان"), Date{37780.5}};
+    Give({Move("البنك", 1)}, {Move("البنك", 3), without, Move("البنك", 4)});
+    PrintOfOne();
+    EXPECT_THAT(platform.messages->boxes,
+                ElementsAre(ShownBox{"A null stands where a value is needed.", 16, "qbrpt"}));
+    EXPECT_EQ(platform.viewer->views, 0);
+    EXPECT_FALSE(Record().alive);
+    EXPECT_EQ(platform.screen->Current(), Pointer::Default);
+
+    platform.runtime->made.clear();
+    Give({without}, {Move("البنك", 3)});
+    PrintOfOne();
+    EXPECT_EQ(platform.messages->boxes.size(), 1U);
+    EXPECT_EQ(platform.viewer->views, 1);
+    EXPECT_EQ(Text("AccountAmountText"), "3.00");
+}
+
 TEST_F(AccountReportsTest, WithoutADatabaseSayThat) {
     PrintAccountMoves(nullptr, 7, 0, 0, [] { return std::string(); });
     PrintAllMoves(nullptr, 0, 0);

@@ -1,6 +1,7 @@
 // The tab strip and its panels, and what the window is made of.
 #include "accounts/account_table.h"
 #include "accounts/window_fixture.h"
+#include "support/mirroring.h"
 
 #include <algorithm>
 #include <set>
@@ -97,6 +98,34 @@ TEST_F(AccountWindowTest, IsMirroredAndHoldsTheTimeWhenItLoads) {
             EXPECT_EQ(Of<fakes::FakeDatePicker>(picker)->value, 38'001.75);
         EXPECT_THAT(mirrored, ::testing::Contains(form->handle));
     });
+}
+
+TEST_F(AccountWindowTest, IsTurnedFirstAndItsTabStripAloneAfterIt) {
+    constexpr WindowHandle toolbar = 500;
+    constexpr WindowHandle withinStrip = 600;
+    WindowHandle window = 0;
+    WindowHandle strip = 0;
+    auto& windows = platform.tree->windows;
+    platform.forms->prepare = [&](fakes::FakeForm& built) {
+        window = built.handle;
+        strip = built.controls.Of<fakes::FakeTabs>("TabStrip1")->handle;
+        windows[window] = {.className = "ThunderRT6FormDC", .children = {strip, toolbar}};
+        windows[strip] = {.className = "TabStripWndClass", .children = {withinStrip}};
+        windows[withinStrip] = {.className = "Edit"};
+        windows[toolbar] = {.className = "msvb_lib_toolbar"};
+    };
+    Show();
+    using namespace WindowStyle;
+    EXPECT_EQ(windows[window].extended, WS_EX_RIGHT | WS_EX_RTLREADING);
+    EXPECT_EQ(windows[toolbar].extended, 0U) << "a tool bar keeps its styles";
+    EXPECT_EQ(windows[strip].extended, WS_EX_LAYOUTRTL | WS_EX_NOINHERITLAYOUT)
+        << "the last that it was told";
+    const auto visits = [&](WindowHandle asked) {
+        return std::count(platform.tree->visited.begin(), platform.tree->visited.end(), asked);
+    };
+    EXPECT_EQ(visits(window), 1);
+    EXPECT_EQ(visits(strip), 1) << "by the walk through the window";
+    EXPECT_EQ(visits(withinStrip), 1);
 }
 
 TEST_F(AccountWindowTest, LoadsInItsOrder) {
