@@ -1,125 +1,13 @@
-// The windows of the accounts and of the subscribers' options as real ones, over a real database.
-#include "accounts/frmAccount.h"
-#include "adapters/database/sqlite/sqlite_engine.h"
-#include "adapters/qt/application.h"
-#include "adapters/qt/dialog/combo_box.h"
-#include "adapters/qt/dialog/date_field.h"
-#include "adapters/qt/dialog/list_view.h"
-#include "adapters/qt/dialog/month_view.h"
-#include "adapters/qt/dialog/tab_strip.h"
-#include "desktop_user.h"
-#include "service/frmMembersPrint.h"
-#include "window_platform.h"
+// The pages of the accounts' window, and how they are worked.
+#include "accounts_fixture.h"
 
 #include <QtCore/QElapsedTimer>
-#include <QtWidgets/QAbstractItemView>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPlainTextEdit>
-#include <QtWidgets/QPushButton>
-#include <gmock/gmock.h>
-#include <sqlite3.h>
-
-#include <stdexcept>
 
 namespace qbrpt::test {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-template <class W>
-W& In(const char* name) {
-    return dynamic_cast<W&>(*OpenForm()->findChild<QWidget*>(name));
-}
-
-/// Closes the window when `act` is done.
-void OnceOpen(const std::function<void()>& act, const std::function<void()>& show) {
-    qt::RequireApplication();
-    const Meanwhile meanwhile({[&act] {
-        EXPECT_TRUE(QTest::qWaitForWindowActive(OpenForm()));
-        act();
-        if (OpenForm() != nullptr) OpenForm()->close();
-    }});
-    show();
-}
-
-class AccountsWindow : public ::testing::Test {
-protected:
-    explicit AccountsWindow(const char* qtPlatform = "offscreen") : platform(qtPlatform) {
-        Platform::Current().messages = platform.messages;
-        Platform::Current().screen = platform.screen;
-        sqlite3_open(":memory:", &handle);
-        Native(
-            "CREATE TABLE account_src (accid INTEGER, name TEXT);"
-            "CREATE TABLE account_log (acc_from INTEGER, acc_to INTEGER, amount REAL, trans_date DATETIME, "
-            "descrip TEXT);"
-            "INSERT INTO account_src VALUES (1, 'Till'), (2, 'Bank'), (3, 'Safe');"
-            "INSERT INTO account_log VALUES (0, 1, 140.5, 37780.5, ''), (1, 2, 40, 37781.75, NULL)");
-        db = WrapSqliteHandle(handle);
-    }
-    ~AccountsWindow() override {
-        db.Clear();
-        sqlite3_close_v2(handle);
-    }
-    AccountsWindow(const AccountsWindow&) = delete;
-    AccountsWindow& operator=(const AccountsWindow&) = delete;
-
-    void Native(const std::string& sql) const {
-        if (sqlite3_exec(handle, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
-            throw std::runtime_error(sqlite3_errmsg(handle));
-    }
-    /// The first cells of a query's rows, parted by blanks.
-    [[nodiscard]] std::string Ask(const std::string& sql) const {
-        std::string cells;
-        const auto add = [](void* all, int, char** row, char**) {
-            auto& text = *static_cast<std::string*>(all);
-            text += (text.empty() ? "" : " ") + std::string(row[0] == nullptr ? "NULL" : row[0]);
-            return 0;
-        };
-        sqlite3_exec(handle, sql.c_str(), add, &cells, nullptr);
-        return cells;
-    }
-    [[nodiscard]] std::string Names() const { return Ask("SELECT name FROM account_src ORDER BY accid"); }
-    [[nodiscard]] std::string NewEntries() const {
-        return Ask("SELECT acc_from || '>' || acc_to || ':' || amount FROM account_log WHERE rowid > 2");
-    }
-
-    void Show(const std::function<void()>& act) {
-        OnceOpen(act, [this] { frmAccount::Instance().EditAccount(db); });
-    }
-    static QPushButton& Button(const char* name) { return In<QPushButton>(name); }
-    static QLineEdit& Box(const char* name) { return In<QLineEdit>(name); }
-    static qt::ReportList& List() { return In<qt::ReportList>("AccList"); }
-    static void Type(const char* box, const char* letters) {
-        Box(box).setFocus(Qt::TabFocusReason);
-        Box(box).selectAll();
-        QTest::keyClick(&Box(box), Qt::Key_Delete);
-        QTest::keyClicks(&Box(box), letters);
-    }
-    static void Click(const char* button) { QTest::mouseClick(&Button(button), Qt::LeftButton); }
-    static void ClickItem(int row) {
-        QTest::mouseClick(List().viewport(), Qt::LeftButton, {},
-                          List().visualRect(List().model()->index(row, 0)).center());
-    }
-    static void ClickTab(int tab) {
-        qt::TabRow& tabs = In<qt::TabBox>("TabStrip1").Tabs();
-        QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(tab).center());
-    }
-    /// By keys, as far as the entry.
-    static void Choose(const char* combo, int entry) {
-        In<QWidget>(combo).setFocus();
-        QTest::keyClick(&In<QWidget>(combo), Qt::Key_Home);
-        for (int step = 0; step < entry; ++step)
-            QTest::keyClick(&In<QWidget>(combo), Qt::Key_Down);
-    }
-    static std::string Shown(int row, int column) {
-        return List().model()->index(row, column).data(Qt::EditRole).toString().toStdString();
-    }
-
-    WindowPlatform platform;
-    sqlite3* handle = nullptr;
-    Ref<DAO::Database> db;
-};
 
 TEST_F(AccountsWindow, OpensMirroredWithItsFirstPageWhole) {
     Show([&] {
@@ -192,6 +80,56 @@ TEST_F(AccountsWindow, ANewAccountReachesTheCombosWithTheNextTab) {
         EXPECT_TRUE(In<QWidget>("TabPic(1)").isVisible());
         EXPECT_FALSE(In<QWidget>("TabPic(0)").isVisible());
     });
+}
+
+struct Turn {
+    Qt::Key key;
+    Qt::KeyboardModifiers with;
+    int step;
+};
+
+constexpr Turn Turns[] = {{Qt::Key_Tab, Qt::ControlModifier, 1},
+                          {Qt::Key_PageDown, Qt::ControlModifier, 1},
+                          {Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier, 2},
+                          {Qt::Key_PageUp, Qt::ControlModifier, 2}};
+
+/// What can have the focus while a page is shown.
+std::vector<QWidget*> FocusableOn(int page) {
+    std::vector<QWidget*> found = {&In<qt::TabBox>("TabStrip1").Tabs()};
+    const std::string panel = "TabPic(" + std::to_string(page) + ")";
+    for (QWidget* widget : In<QWidget>(panel.c_str()).findChildren<QWidget*>())
+        if (widget->focusPolicy() != Qt::NoFocus && widget->isVisible() && widget->isEnabled())
+            found.push_back(widget);
+    return found;
+}
+
+TEST_F(AccountsWindow, KeysTurnTheTabsWhateverHasTheFocus) {
+    Show([&] {
+        ClickItem(0);
+        Type("txtAccount", "Rent"); // wakes the buttons
+        ClickTab(1);
+        Choose("comboTo", 1);
+        Choose("comboFrom", 0);
+        Type("txtAmount", "10");
+        const qt::TabRow& tabs = In<qt::TabBox>("TabStrip1").Tabs();
+        std::string walked;
+        for (const int page : {0, 1, 2}) {
+            ClickTab(page);
+            for (QWidget* widget : FocusableOn(page)) {
+                walked += widget->objectName().toStdString() + " ";
+                for (const auto& [key, with, step] : Turns) {
+                    ClickTab(page);
+                    widget->setFocus();
+                    ASSERT_EQ(QApplication::focusWidget(), widget) << walked;
+                    QTest::keyClick(widget, key, with);
+                    EXPECT_EQ(tabs.currentIndex(), (page + step) % 3) << walked << key;
+                }
+            }
+        }
+        EXPECT_EQ(walked, " AccList txtAccount cmdAdd cmdUpdate  comboFrom txtTotal comboTo txtAmount rDate "
+                          "txtDescrip cmdAddReg  rptOpt(0) rptOpt(1) comboAcc chkAll dtMin dtMax cmdPrint ");
+    });
+    EXPECT_EQ(NewEntries(), "");
 }
 
 struct EntryRow {
@@ -287,153 +225,6 @@ TEST_F(AccountsWindow, TenThousandAccountsStayQuick) {
     });
     EXPECT_EQ(Ask("SELECT COUNT(*) FROM account_src WHERE name = 'Account 100'"), "1")
         << "it is there already";
-}
-
-/// The screen stands before the windows that come onto it.
-struct Screened {
-    Screened() { desktop.StartManager(); }
-    XDesktop desktop;
-};
-
-class AccountsDesktop : private Screened, public AccountsWindow {
-protected:
-    AccountsDesktop() : AccountsWindow("") {}
-    static void UserOpens(const char* combo, int entry) {
-        QAbstractItemView& list = *In<qt::DropDown>(combo).view();
-        UserClicks(In<QWidget>(combo));
-        EXPECT_TRUE(Waits([&] { return list.isVisible(); }));
-        QTest::qWait(300); // a list that has just dropped down takes no click
-        UserClicks(*list.viewport(), list.visualRect(list.model()->index(entry, 0)).center());
-        EXPECT_TRUE(Waits([&] { return !list.isVisible(); }));
-    }
-};
-
-TEST_F(AccountsDesktop, IsWorkedByKeyboardAlone) {
-    Show([&] {
-        EXPECT_TRUE(Waits([] { return QApplication::focusWidget() != nullptr; }));
-        User({"key", "Tab", "Tab"});
-        User({"type", "Rent"});
-        User({"key", "Return"});
-        EXPECT_TRUE(Waits([] { return List().model()->rowCount() == 4; }));
-        User({"key", "shift+Tab", "Down", "Down", "Tab"});
-        EXPECT_TRUE(Waits([] { return Box("txtAccount").text() == "Bank"; }));
-        User({"type", "Vault"});
-        User({"key", "Tab", "Tab", "space"}); // past the button that adds
-        EXPECT_TRUE(Waits([] { return Shown(1, 0) == "Vault"; }));
-        User({"key", "ctrl+Tab"});
-        EXPECT_TRUE(Waits([] { return In<QWidget>("TabPic(1)").isVisible(); }));
-        In<QWidget>("comboFrom").setFocus();
-        User({"key", "Down", "Tab", "Tab", "Down", "Down", "Down", "Tab"});
-        User({"type", "10"});
-        User({"key", "Return"});
-        EXPECT_TRUE(Waits([this] { return NewEntries() == "1>3:10.0"; }));
-        User({"key", "alt+F4"});
-        EXPECT_TRUE(Waits([] { return OpenForm() == nullptr; }));
-    });
-    EXPECT_EQ(Names(), "Till Vault Safe Rent");
-}
-
-TEST_F(AccountsDesktop, IsWorkedByMouseAlone) {
-    Show([&] {
-        Box("txtAmount").setText("10"); // a number must come from somewhere
-        UserClicks(*List().viewport(), List().visualRect(List().model()->index(2, 1)).center());
-        EXPECT_TRUE(Waits([] { return Box("txtAccount").text() == "Safe"; }));
-        qt::TabRow& tabs = In<qt::TabBox>("TabStrip1").Tabs();
-        UserClicks(tabs, tabs.tabRect(1).center());
-        EXPECT_TRUE(Waits([] { return In<QWidget>("TabPic(1)").isVisible(); }));
-        UserOpens("comboFrom", 0);
-        UserOpens("comboTo", 2);
-        EXPECT_EQ(Box("txtTotal").text(), "100.5");
-        Box("txtAmount").setText("11");
-        UserClicks(Button("cmdAddReg"));
-        EXPECT_TRUE(Waits([this] { return NewEntries() == "1>3:11.0"; }));
-        UserClicks(tabs, tabs.tabRect(2).center());
-        EXPECT_TRUE(Waits([] { return In<QWidget>("TabPic(2)").isVisible(); }));
-        UserClicks(In<QWidget>("chkAll"));
-        EXPECT_TRUE(Waits([] { return !In<QWidget>("dtMin").isEnabled(); }));
-    });
-}
-
-class MembersWindow : public ::testing::Test {
-protected:
-    explicit MembersWindow(const char* qtPlatform = "offscreen") : platform(qtPlatform) {}
-    std::int32_t Ask(const std::function<void()>& act) {
-        std::int32_t type = 0;
-        OnceOpen(act, [&] { type = options.GetPrintType(); });
-        return type;
-    }
-    WindowPlatform platform;
-    frmMembersPrint options;
-};
-
-TEST_F(MembersWindow, OpensWithAllAndNoPeriod) {
-    EXPECT_EQ(Ask([] {
-                  EXPECT_EQ(OpenForm()->windowTitle(), "خيارات طباعة بيانات المشتركين");
-                  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-              }),
-              frmMembersPrint::All);
-    EXPECT_EQ(options.dStartDate, 0);
-    EXPECT_EQ(options.dEndDate, 0);
-    EXPECT_FALSE(options.bGroupPrint);
-}
-
-TEST_F(MembersWindow, EndsAsFarBelowItsButtonsAsBesideThem) {
-    Ask([] {
-        const QRect button = In<QWidget>("Cancel").geometry();
-        EXPECT_NEAR(OpenForm()->rect().bottom() - button.bottom(), button.left(), 2);
-    });
-}
-
-TEST_F(MembersWindow, GivesWhatIsChosenByKeys) {
-    EXPECT_EQ(Ask([] {
-                  const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
-                  press(Qt::Key_Down);
-                  press(Qt::Key_Down);
-                  press(Qt::Key_Tab);
-                  press(Qt::Key_Space); // takes a date
-                  QTest::keyClicks(QApplication::focusWidget(), "15032025");
-                  press(Qt::Key_Tab);
-                  press(Qt::Key_Tab);
-                  press(Qt::Key_Space);
-                  press(Qt::Key_Return);
-              }),
-              frmMembersPrint::Owing);
-    EXPECT_EQ(options.dStartDate, 45731);
-    EXPECT_EQ(options.dEndDate, 0);
-    EXPECT_TRUE(options.bGroupPrint);
-}
-
-TEST_F(MembersWindow, RefusesByEscapeByItsButtonAndByItsFrame) {
-    EXPECT_EQ(Ask([] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); }),
-              frmMembersPrint::Refused);
-    EXPECT_EQ(Ask([] { QTest::mouseClick(&In<QWidget>("Cancel"), Qt::LeftButton); }),
-              frmMembersPrint::Refused);
-    EXPECT_EQ(Ask([] { OpenForm()->close(); }), frmMembersPrint::Refused);
-}
-
-class MembersDesktop : private Screened, public MembersWindow {
-protected:
-    MembersDesktop() : MembersWindow("") {}
-};
-
-TEST_F(MembersDesktop, GivesWhatIsChosenByMouseAlone) {
-    const std::int32_t type = Ask([] {
-        UserClicks(In<QWidget>("Option1(1)"));
-        auto& start = In<qt::DateField>("dtStart");
-        UserClicks(start, start.CheckRect().center());
-        EXPECT_TRUE(Waits([&] { return start.Value().has_value(); }));
-        UserClicks(start, start.DropRect().center());
-        EXPECT_TRUE(Waits([&] { return start.Month().isVisible(); }));
-        const Moment now = MomentOf(*start.Value());
-        UserClicks(start.Month(), start.Month().CellOf({now.year, now.month, 9}).center());
-        EXPECT_TRUE(Waits([&] { return MomentOf(*start.Value()).day == 9; }));
-        UserClicks(In<QWidget>("chkGroup"));
-        UserClicks(In<QWidget>("cmdOk"));
-        EXPECT_TRUE(Waits([] { return OpenForm() == nullptr; }));
-    });
-    EXPECT_EQ(type, frmMembersPrint::Running);
-    EXPECT_EQ(MomentOf(options.dStartDate).day, 9);
-    EXPECT_TRUE(options.bGroupPrint);
 }
 
 } // namespace

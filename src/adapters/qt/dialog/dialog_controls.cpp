@@ -15,8 +15,10 @@
 #include "adapters/qt/shown_text.h"
 
 #include <QtGui/QKeyEvent>
+#include <QtGui/QShortcut>
 
 #include <algorithm>
+#include <utility>
 
 namespace qbrpt::qt {
 
@@ -99,7 +101,9 @@ void DialogControls::Finish() {
     mGrids.Finish();
     NameFields();
     OrderTabKey();
-    if (mTabs != nullptr) mTabs->resized = [this] { FitPanels(); };
+    if (mTabs == nullptr) return;
+    mTabs->resized = [this] { FitPanels(); };
+    TurnTabsByKeys();
 }
 
 /// A field is called by the words before it.
@@ -181,15 +185,26 @@ void DialogControls::Settle() {
 }
 
 bool DialogControls::TakesKey(QKeyEvent& event) {
-    const bool control = (event.modifiers() & Qt::ControlModifier) != 0;
-    if (mTabs == nullptr || !control) return mDefaults->Answer(event.key());
-    int step = 0;
-    if (event.key() == Qt::Key_Tab || event.key() == Qt::Key_PageDown) step = 1;
-    if (event.key() == Qt::Key_Backtab || event.key() == Qt::Key_PageUp) step = -1;
-    if (step == 0) return false;
-    TabRow& tabs = mTabs->Tabs();
-    if (tabs.count() > 0) tabs.setCurrentIndex((tabs.currentIndex() + step + tabs.count()) % tabs.count());
-    return true;
+    return mDefaults->Answer(event.key());
+}
+
+/// As shortcuts of the window, which come before the control that has the focus: lists and boxes would take
+/// these keys for their own.
+void DialogControls::TurnTabsByKeys() {
+    constexpr auto control = Qt::ControlModifier;
+    constexpr auto back = Qt::ControlModifier | Qt::ShiftModifier;
+    const std::pair<QKeyCombination, int> turns[] = {{control | Qt::Key_Tab, 1},
+                                                     {control | Qt::Key_PageDown, 1},
+                                                     {back | Qt::Key_Tab, -1},
+                                                     {back | Qt::Key_Backtab, -1},
+                                                     {control | Qt::Key_PageUp, -1}};
+    for (const auto& [keys, step] : turns) {
+        auto* shortcut = new QShortcut(keys, &mClient);
+        QObject::connect(shortcut, &QShortcut::activated, &mTabs->Tabs(), [&tabs = mTabs->Tabs(), by = step] {
+            if (tabs.count() > 0)
+                tabs.setCurrentIndex((tabs.currentIndex() + by + tabs.count()) % tabs.count());
+        });
+    }
 }
 
 } // namespace qbrpt::qt

@@ -55,6 +55,7 @@ private:
     [[nodiscard]] Built Make(QWidget& parent, const ControlRow& row) const;
     void NameFields();
     void OrderTabKey();
+    void TurnTabsByKeys();
     void FitPanels();
     [[nodiscard]] bool IsFreePanel(const Built& built) const;
     [[nodiscard]] std::vector<QWidget*> InTabOrder() const;
