@@ -124,8 +124,7 @@ TEST_F(AccountsDesktop, AnEmptyLedgerGetsItsFirstAccountByKeyboardAlone) {
 }
 
 TEST_F(AccountsDesktop, TenThousandAccountsAreWorkedByKeyboardAlone) {
-    Native("WITH RECURSIVE n(i) AS (SELECT 4 UNION ALL SELECT i + 1 FROM n WHERE i < 10000)"
-           "INSERT INTO account_src SELECT i, 'Account ' || i FROM n");
+    FillTenThousand();
     Show([&] {
         TabTo("txtAccount");
         KeyText("aCCOUNT 9999");
@@ -188,13 +187,54 @@ TEST_F(AccountsDesktop, JudgesEntriesByMouseAlone) {
         UserClicks(Button("cmdAddReg"));
         EXPECT_TRUE(Waits([this] { return NewEntries() == "1>3:11.0 2>3:40.0"; }));
         UserOpens("comboFrom", 0);
+        UserWrites("txtAmount", "5");
+        UserClicks(In<QWidget>("txtDescrip"));
+        User({"type", "it's lost"});
+        EXPECT_TRUE(Waits([] { return In<QPlainTextEdit>("txtDescrip").toPlainText() == "it's lost"; }));
+        UserClicks(Button("cmdAddReg"));
+        EXPECT_TRUE(Waits([] { return Box("txtAmount").text() == "0"; }));
         UserWrites("txtAmount", "1");
         UserOpens("comboTo", 0);
         UserClicks(Button("cmdAddReg"));
         EXPECT_TRUE(Waits([this] { return Said().size() == 2; }));
     });
     EXPECT_THAT(Said(), ElementsAre(WrongAmount, SameAccount));
+    EXPECT_EQ(NewEntries(), "1>3:11.0 2>3:40.0");
     EXPECT_EQ(Ask("SELECT descrip FROM account_log WHERE amount = 11"), "rent");
+}
+
+TEST_F(AccountsDesktop, AnEmptyLedgerGetsItsFirstAccountByMouseAlone) {
+    Native("DELETE FROM account_src; DELETE FROM account_log");
+    Show([&] {
+        UserClicksTab(1);
+        UserClicks(In<QWidget>("comboFrom")); // has nothing to show
+        EXPECT_FALSE(In<QComboBox>("comboFrom").view()->isVisible());
+        UserClicksTab(0);
+        UserWrites("txtAccount", "Till");
+        UserClicks(Button("cmdAdd"));
+        EXPECT_TRUE(Waits([] { return List().model()->rowCount() == 1; }));
+        UserClicksTab(1);
+        UserOpens("comboTo", 0);
+    });
+    EXPECT_EQ(Ask("SELECT accid || name FROM account_src"), "1Till");
+    EXPECT_THAT(Said(), IsEmpty());
+}
+
+TEST_F(AccountsDesktop, TenThousandAccountsAreWorkedByMouseAlone) {
+    FillTenThousand();
+    Show([&] {
+        UserClicksTab(1);
+        UserOpens("comboFrom", 0);
+        UserOpens("comboTo", 7);
+        UserWrites("txtAmount", "1");
+        UserClicks(Button("cmdAddReg"));
+        EXPECT_TRUE(Waits([this] { return NewEntries() == "1>8:1.0"; })) << NewEntries();
+        UserClicksTab(0);
+        UserClicks(*List().viewport(), List().visualRect(List().model()->index(7, 0)).center());
+        EXPECT_TRUE(Waits([] { return Box("txtAccount").text() == "Account 8"; }));
+        EXPECT_EQ(Shown(7, 1), "1.00");
+    });
+    EXPECT_THAT(Said(), IsEmpty());
 }
 
 } // namespace

@@ -65,6 +65,10 @@ protected:
         if (sqlite3_exec(handle, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
             throw std::runtime_error(sqlite3_errmsg(handle));
     }
+    void FillTenThousand() const {
+        Native("WITH RECURSIVE n(i) AS (SELECT 4 UNION ALL SELECT i + 1 FROM n WHERE i < 10000)"
+               "INSERT INTO account_src SELECT i, 'Account ' || i FROM n");
+    }
     /// The first cells of a query's rows, parted by blanks.
     [[nodiscard]] std::string Ask(const std::string& sql) const {
         std::string cells;

@@ -213,8 +213,7 @@ TEST_F(AccountsWindow, AnEmptyLedgerLeavesEverythingQuiet) {
 }
 
 TEST_F(AccountsWindow, TenThousandAccountsStayQuick) {
-    Native("WITH RECURSIVE n(i) AS (SELECT 4 UNION ALL SELECT i + 1 FROM n WHERE i < 10000)"
-           "INSERT INTO account_src SELECT i, 'Account ' || i FROM n");
+    FillTenThousand();
     Show([&] {
         EXPECT_EQ(List().model()->rowCount(), 10'000);
         QElapsedTimer clock;
