@@ -13,6 +13,8 @@ namespace qbrpt {
 
 namespace {
 
+constexpr std::string_view ShowBox = "ShowpReport\r";
+
 std::unique_ptr<frmPrntServer>& TheInstance() {
     static std::unique_ptr<frmPrntServer> instance;
     return instance;
@@ -64,26 +66,32 @@ void frmPrntServer::Unload() {
     const bool loaded = !mForm.Empty();
     if (loaded) trap.Step([&] { mForm->Unload(); });
     if (loaded && !mClosed) QueryUnload();
-    if (mHostHidden) trap.Step([&] { ShowHost(); });
+    if (mHiddenHost != 0) trap.Step([&] { ShowHost(mHiddenHost); });
     mForm.Clear();
 }
 
-void frmPrntServer::ShowHost() {
-    Platform::Current().windows->ShowWindow(hOwnerWnd, ShowCommand::Show);
-    mHostHidden = false;
+void frmPrntServer::ShowHost(WindowHandle host) {
+    Platform::Current().windows->ShowWindow(host, ShowCommand::Show);
+    if (host == mHiddenHost) mHiddenHost = 0;
+}
+
+bool frmPrntServer::RefusesAnother(ErrorTrap& trap) {
+    if (!Exists() || !TheInstance()->mOpen) return false;
+    trap.Step(
+        [] { throw Failure(FailureNumber::Report, "A report is open already. Close its window first."); });
+    return true;
 }
 
 bool frmPrntServer::ShowpReport(const Ref<ReportTemplate>& pnRpt, bool bShowArabic) {
-    ErrorTrap trap(ErrorTrap::BoxWithRetry, {.prefix = "ShowpReport\r"});
-    if (mShowing) {
-        trap.Step([] {
-            throw Failure(FailureNumber::Report, "A report is open already. Close its window first.");
-        });
-        return false;
-    }
-    const Ref<ReportTemplate> held = pnRpt;
-    const bool wasOpen = mOpen;
-    mOpen = mShowing = true;
+    ErrorTrap trap(ErrorTrap::BoxWithRetry, {.prefix = ShowBox});
+    if (RefusesAnother(trap)) return false;
+    mOpen = true;
+    const bool closedWell = ShowAsOpen(trap, pnRpt, bShowArabic);
+    mOpen = false;
+    return closedWell;
+}
+
+bool frmPrntServer::ShowAsOpen(ErrorTrap& trap, Ref<ReportTemplate> pnRpt, bool bShowArabic) {
     trap.Step([] { SetPointer(Pointer::Wait); });
     mArabic = bShowArabic;
     if (mArabic) {
@@ -93,7 +101,7 @@ bool frmPrntServer::ShowpReport(const Ref<ReportTemplate>& pnRpt, bool bShowArab
         trap.Step([&] { UnmirrorWindow(Window().hWnd()); });
         trap.Step([&] { SetEnglishCaptions(); });
     }
-    mReport = held;
+    mReport = pnRpt;
     trap.Step([&] { prntViewer()->SetReportSource(mReport->Report()); });
     trap.Step([&] { static_cast<void>(WaitViewerReady()); });
     trap.Step([&] { RefreshReportprinter(); });
@@ -108,17 +116,16 @@ bool frmPrntServer::ShowpReport(const Ref<ReportTemplate>& pnRpt, bool bShowArab
     trap.Always([] { SetPointer(Pointer::Default); });
     mReport.Clear();
     Unload();
-    mShowing = false;
-    mOpen = wasOpen;
     return closedWell;
 }
 
 void frmPrntServer::ShowGuestInfo(const Ref<ReportTemplate>& pnRpt, const ReceiverRows& receivers,
                                   std::int16_t count, bool bShow, bool bArabic) {
     ErrorTrap trap(ErrorTrap::BoxWithRetry);
+    if (RefusesAnother(trap)) return;
+    mOpen = true;
     trap.Step([&] { static_cast<void>(Window()); });
     mGuestMode = true;
-    mOpen = true;
     vReceiver = receivers;
     rcvCount = count;
     mReport = pnRpt;
@@ -126,7 +133,10 @@ void frmPrntServer::ShowGuestInfo(const Ref<ReportTemplate>& pnRpt, const Receiv
     trap.Step([&] { UpdateInfoData(); });
     trap.Step([&] { RefreshReportprinter(); });
     if (bShow)
-        trap.Step([&] { ShowpReport(pnRpt, bArabic); });
+        trap.Step([&] {
+            ErrorTrap shows(ErrorTrap::BoxWithRetry, {.prefix = ShowBox});
+            static_cast<void>(ShowAsOpen(shows, pnRpt, bArabic));
+        });
     else
         trap.Step([&] { PrintData(false); });
     mReport.Clear();
@@ -188,12 +198,16 @@ void frmPrntServer::PlaceToolbar() {
     bar->ZOrder();
 }
 
-// The host comes back whatever happened to the saving of the place.
+// The host comes back whatever happened to the saving of the place, also by the window that it was hidden in
+// where it has handed over another one since.
 void frmPrntServer::QueryUnload() {
     mClosed = true;
     SavePos();
     HandleEvent([&] {
-        if (hOwnerWnd != 0) ShowHost();
+        if (hOwnerWnd != 0) ShowHost(hOwnerWnd);
+    });
+    HandleEvent([&] {
+        if (mHiddenHost != 0 && mHiddenHost != hOwnerWnd) ShowHost(mHiddenHost);
     });
 }
 

@@ -35,9 +35,11 @@ public:
     [[nodiscard]] static bool Exists();
     /// Drops the instance, so that the next report gets a new window. One that is open stays.
     static void Drop();
+    /// Whether a report is open, so that another one must wait; `trap` has said so then.
+    [[nodiscard]] static bool RefusesAnother(ErrorTrap& trap);
 
     /// Shows `pnRpt` and returns when the user has closed the window. True when it closed without a failure
-    /// pending. A second report while one is open is a failure.
+    /// pending. Refused while a report is open, as ShowGuestInfo is.
     bool ShowpReport(const Ref<ReportTemplate>& pnRpt, bool bShowArabic);
     /// Shows (`bShow`) or prints a report once for each row of `vReceiver`.
     void ShowGuestInfo(const Ref<ReportTemplate>& pnRpt, const ReceiverRows& vReceiver, std::int16_t rcvCount,
@@ -62,7 +64,8 @@ private:
     [[nodiscard]] Ref<CRViewer> prntViewer() { return Window().Viewer("prntViewer"); }
     void Load();
     void Unload();
-    void ShowHost();
+    [[nodiscard]] bool ShowAsOpen(ErrorTrap& trap, Ref<ReportTemplate> pnRpt, bool bShowArabic);
+    void ShowHost(WindowHandle host);
     void SetEnglishCaptions();
     void PlaceToolbar();
     void FinishPlacement();
@@ -88,15 +91,14 @@ private:
     void TakePlaceOf(ErrorTrap& trap, WindowHandle host, WindowHandle me, const WindowPlace& place);
 
     Ref<Form> mForm;
-    bool mOpen = false;          ///< inside ShowpReport or ShowGuestInfo
-    bool mShowing = false;       ///< inside ShowpReport
-    Ref<ReportTemplate> mReport; ///< empty outside of those
-    std::int16_t mZoom = 100;    ///< percent
-    bool mArabic = false;        ///< right to left; the tool bar stands at the right edge
-    bool mFirstResize = false;   ///< the next resize finishes the placement
-    bool mClosed = false;        ///< the close request was seen to
-    bool mHostHidden = false;    ///< the host's window waits to be shown again
-    std::int32_t mLeft = 0;      ///< window position in twips
+    bool mOpen = false;           ///< inside ShowpReport or ShowGuestInfo
+    Ref<ReportTemplate> mReport;  ///< empty outside of those
+    std::int16_t mZoom = 100;     ///< percent
+    bool mArabic = false;         ///< right to left; the tool bar stands at the right edge
+    bool mFirstResize = false;    ///< the next resize finishes the placement
+    bool mClosed = false;         ///< the close request was seen to
+    WindowHandle mHiddenHost = 0; ///< waits to be shown again, whatever the host hands over meanwhile
+    std::int32_t mLeft = 0;       ///< window position in twips
     std::int32_t mTop = 0;
     ReceiverRows vReceiver;
     std::int32_t rcvCount = 0;

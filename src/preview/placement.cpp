@@ -67,12 +67,10 @@ void frmPrntServer::TakePlaceOf(ErrorTrap& trap, WindowHandle host, WindowHandle
     trap.Step([&] { title = TitleOf(host); });
     trap.Step([&] {
         windows->ShowWindow(host, ShowCommand::Hide);
-        mHostHidden = true;
+        mHiddenHost = host;
     });
-    trap.Step([&] {
-        mLeft = RoundToLong(place.left * TwipsAPixel);
-        mTop = RoundToLong(place.top * TwipsAPixel);
-    });
+    trap.Step([&] { mLeft = RoundToLong(place.left * TwipsAPixel); });
+    trap.Step([&] { mTop = RoundToLong(place.top * TwipsAPixel); });
     trap.Step([&] {
         const Rect normal{place.left, place.top, place.right, place.bottom};
         windows->MoveWindow(me, normal.left, normal.top, RectWidth(normal), RectHeight(normal));

@@ -17,6 +17,8 @@ void ApplyMainTitle(const Ref<ReportTemplate>& report, const MainTitle& title) {
 void RunOwnedReport(Ref<ReportTemplate> report, const Ref<DAO::Recordset>& records, bool bSetData, bool bShow,
                     const MainTitle& title) {
     ErrorTrap trap(ErrorTrap::BoxWithRetry);
+    // The open one keeps its pointer, its window and the printer.
+    if (frmPrntServer::RefusesAnother(trap)) return;
     trap.Step([] { Platform::Current().screen->SetMousePointer(Pointer::Wait); });
     trap.Step([&] { ApplyMainTitle(report, title); });
     if (bSetData) {

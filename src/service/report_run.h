@@ -27,7 +27,8 @@ void RunOwnedReport(Ref<ReportTemplate> report, const Ref<DAO::Recordset>& recor
 
 /// Takes a report with its own titles set from its rows to the preview (`bShow`) or to the current printer.
 /// `bSetData`: bind and read `records`. Has its own error trap, so it raises nothing; on every way out the
-/// caller's reference is empty, the preview window is gone and the mouse pointer is the default one.
+/// caller's reference is empty, the preview window is gone and the mouse pointer is the default one. While
+/// another report is open it is refused, printed or shown, and nothing else is touched.
 template <class Template>
 void RunReport(Ref<Template>& report, const Ref<DAO::Recordset>& records, bool bSetData, bool bShow,
                const MainTitle& title) {

@@ -24,8 +24,8 @@ public:
     std::map<WindowHandle, IconHandle> icons;
     std::map<WindowHandle, bool> hidden;
     std::int32_t openWindows = 1;
-    int sleeps = 0;
-    std::vector<std::string> log; ///< what was done to windows, in order
+    std::vector<std::int32_t> sleeps; ///< milliseconds of each
+    std::vector<std::string> log;     ///< what was done to windows, in order
 
 private:
     static std::string Number(std::int64_t value) { return std::to_string(value); }
@@ -65,7 +65,7 @@ private:
     void DoSetActiveWindow(WindowHandle window) override { Note("activate", window); }
     void DoSetFocus(WindowHandle window) override { Note("focus", window); }
     std::int32_t DoDoEvents() override { return openWindows; }
-    void DoSleepEx(std::int32_t) override { ++sleeps; }
+    void DoSleepEx(std::int32_t milliseconds) override { sleeps.push_back(milliseconds); }
 };
 
 struct TreeWindow {

@@ -114,7 +114,43 @@ TEST_F(PreviewTest, ABusyViewerTakesNoCommandButTheFirstPage) {
         platform.viewer->busyFor = 2;
         Choose(form, "mnFirstPage");
         EXPECT_THAT(platform.viewer->pagesAsked, ElementsAre(1));
-        EXPECT_EQ(platform.windows->sleeps, 2);
+        EXPECT_THAT(platform.windows->sleeps, ElementsAre(10, 10));
+    });
+}
+
+TEST_F(PreviewTest, AWaitEndsWhereNoWindowIsOpenHoweverBusyTheViewer) {
+    Record().pages = 9;
+    platform.viewer->page = 4;
+    Show([this](FakeForm& form) {
+        platform.windows->openWindows = 0;
+        platform.viewer->busyFor = 5;
+        Choose(form, "mnFirstPage");
+        EXPECT_THAT(platform.viewer->pagesAsked, ElementsAre(1));
+        EXPECT_THAT(platform.windows->sleeps, IsEmpty());
+        platform.windows->openWindows = 3;
+        platform.viewer->busyFor = 2;
+        Choose(form, "mnFirstPage");
+        EXPECT_THAT(platform.windows->sleeps, ElementsAre(10, 10));
+    });
+}
+
+TEST_F(PreviewTest, AWaitThatFailsHoldsUpNoLaterOne) {
+    Record().pages = 9;
+    class BrokenOnce final : public PortObserver {
+        void Called(const PortCall& call) override {
+            if (call.operation == "IsBusy" && ++mAsked == 2) throw Failure(FailureNumber::Report, "torn");
+        }
+        int mAsked = 0; ///< first by the command itself, then by its wait
+    };
+    Show([this](FakeForm& form) {
+        fakes::FakePlatform::Observe(std::make_shared<BrokenOnce>());
+        Choose(form, "mnLastPage");
+        EXPECT_THAT(platform.messages->boxes,
+                    ElementsAre(fakes::ShownBox{"SetPage cose Error No.20501\rtorn", 16, "qbrpt"}));
+        EXPECT_THAT(platform.viewer->pagesAsked, IsEmpty());
+        Choose(form, "mnLastPage");
+        EXPECT_THAT(platform.viewer->pagesAsked, ElementsAre(9));
+        EXPECT_EQ(platform.screen->Current(), Pointer::Default);
     });
 }
 
@@ -206,6 +242,18 @@ TEST_F(PreviewTest, ZoomLevelsByName) {
         for (const char* key : {"zoom25", "zoom50", "zoom100", "zoom200", "zoom400"})
             Press(form, key);
         EXPECT_THAT(platform.viewer->zooms, ElementsAre(25, 50, 100, 200, 400, 25, 50, 100, 200, 400));
+    });
+}
+
+TEST_F(PreviewTest, APageCountLearnedLaterIsSeenAtTheNextCommand) {
+    Record().pages = 0;
+    Show([this](FakeForm& form) {
+        EXPECT_TRUE(form.menu.at("mnNextPage")->enabled) << "what is not known may be there";
+        Record().pages = 1;
+        EXPECT_TRUE(form.menu.at("mnNextPage")->enabled);
+        Choose(form, "mnZoom50");
+        EXPECT_FALSE(form.menu.at("mnNextPage")->enabled);
+        EXPECT_FALSE(form.menu.at("mnLastPage")->enabled);
     });
 }
 

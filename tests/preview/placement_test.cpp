@@ -157,52 +157,185 @@ TEST_F(Placement, AFailingStoreAsksAndTheHostComesBackAllTheSame) {
     EXPECT_FALSE(platform.windows->hidden[Host]);
 }
 
+TEST_F(Placement, WhoeverGoesOnAfterAFailingMoveGetsTheRestOfTheSteps) {
+    platform.messages->answers = {BoxAnswer::Retry};
+    fakes::FakePlatform::Observe(std::make_shared<Broken>("MoveWindow"));
+    Show([](FakeForm& form) {
+        EXPECT_EQ(form.caption, "مقهى الواحة [Printing]");
+        EXPECT_THAT(form.moves, ElementsAre(std::pair{1500, 750})) << "by the first resize";
+    });
+    EXPECT_THAT(platform.messages->boxes, SizeIs(1));
+}
+
+TEST_F(Placement, ALeftEdgeBeyondAllBoundsTakesTheUpperOneNotWithIt) {
+    platform.windows->places[Host].left = 200'000'000;
+    platform.windows->places[Host].right = 200'000'800;
+    platform.messages->answers = {BoxAnswer::Retry};
+    Show([](FakeForm& form) { EXPECT_THAT(form.moves, ElementsAre(std::pair{0, 750})); });
+    ASSERT_THAT(platform.messages->boxes, SizeIs(1));
+    EXPECT_EQ(platform.messages->boxes[0].text, "LoadLastPos\r\nOverflow.");
+    EXPECT_EQ(platform.messages->boxes[0].style, 21);
+}
+
+/// Fails what is asked of one window.
+class BrokenFor final : public PortObserver {
+public:
+    BrokenFor(std::string operation, WindowHandle window)
+        : mOperation(std::move(operation)), mWindow(window) {}
+
+private:
+    void Called(const PortCall& call) override {
+        if (call.operation == mOperation && call.arguments[0] == Value{std::int64_t{mWindow}})
+            throw Failure(FailureNumber::Device, "broken");
+    }
+    std::string mOperation;
+    WindowHandle mWindow;
+};
+
+TEST_F(Placement, WhoeverGoesOnWithoutItsOwnPlaceWritesAnEmptyOne) {
+    fakes::FakePlatform::Observe(std::make_shared<BrokenFor>("GetWindowPlacement", Me));
+    platform.messages->answers = {BoxAnswer::Retry};
+    Show();
+    EXPECT_THAT(platform.messages->boxes, ElementsAre(fakes::ShownBox{"SavePos\r\nbroken", 21, "qbrpt"}));
+    EXPECT_EQ(platform.registry->values[Key], "\x2C" + std::string(43, '\0'));
+    platform.registry->values.clear();
+    Show();
+    EXPECT_THAT(platform.registry->values, IsEmpty()) << "cancelled";
+}
+
+TEST_F(Placement, TheWindowThatWasHiddenComesBackAlsoWhereTheHostHasAnotherNow) {
+    struct Row {
+        WindowHandle now;
+        std::vector<std::string> shown;
+    };
+    for (const Row& row : {Row{Host, {"show 40"}}, Row{41, {"show 41", "show 40"}}, Row{0, {"show 40"}},
+                           Row{Me, {"show 77", "show 40"}}}) {
+        hOwnerWnd = Host;
+        Show([&](FakeForm&) {
+            hOwnerWnd = row.now;
+            platform.windows->log.clear();
+        });
+        EXPECT_EQ(platform.windows->log, row.shown);
+        EXPECT_FALSE(platform.windows->hidden[Host]);
+        frmPrntServer::Drop();
+    }
+}
+
+TEST_F(Placement, AnotherWindowThatCannotBeShownKeepsTheHiddenOneNotAway) {
+    fakes::FakePlatform::Observe(std::make_shared<BrokenFor>("ShowWindow", 41));
+    Show([](FakeForm&) { hOwnerWnd = 41; });
+    EXPECT_FALSE(platform.windows->hidden[Host]);
+    EXPECT_THAT(platform.messages->boxes, ElementsAre(fakes::ShownBox{"broken", 16, "qbrpt"}));
+}
+
 /// Fails one call by its number.
 class Once final : public PortObserver {
 public:
     explicit Once(std::size_t position) : mPosition(position) {}
     void Stop() { mStopped = true; }
-    [[nodiscard]] std::size_t Calls() const { return mCalls; }
-    [[nodiscard]] const std::string& Failed() const { return mFailed; }
 
 private:
-    void Called(const PortCall& call) override {
+    void Called(const PortCall&) override {
         if (mStopped || ++mCalls != mPosition) return;
-        mFailed = call.operation;
         throw Failure(FailureNumber::Device, "broken");
     }
     std::size_t mPosition;
     std::size_t mCalls = 0;
-    std::string mFailed;
     bool mStopped = false;
 };
 
-TEST_F(Placement, WhicheverCallFailsTheHostIsBackAndThePointerIsUsual) {
-    const auto run = [this](std::size_t position, BoxAnswer answer, std::size_t& calls, std::string& failed) {
-        platform.messages->usual = answer;
-        const auto fault = std::make_shared<Once>(position);
-        fakes::FakePlatform::Observe(fault);
-        Show();
-        frmPrntServer::Drop();
-        fault->Stop();
-        calls = fault->Calls();
-        failed = fault->Failed();
-    };
-    std::size_t calls = 0;
-    std::string failed;
-    run(0, BoxAnswer::Cancel, calls, failed);
-    const std::size_t all = calls;
-    ASSERT_GT(all, 100U);
+/// From a call on: what a failure leads to.
+struct RoutineRow {
+    const char* from;
+    const char* box; ///< before the description; null where failures are passed over
+    int style = 21;
+};
+
+constexpr const char* ShowBox = "ShowpReport\r";
+
+constexpr RoutineRow Mirroring[] = {{"Form.hWnd()", ShowBox}, {"WindowTree.", nullptr}};
+constexpr RoutineRow EnglishWords[] = {
+    {"Form.SetRightToLeft(", ShowBox}, {"WindowTree.", nullptr}, {"Form.Menu(", ShowBox}};
+constexpr RoutineRow Rest[] = {{"Form.Viewer(", ShowBox},
+                               {"Printer.Current(", "RefreshReportprinter\r", 16},
+                               {"Form.Viewer(", ShowBox},
+                               {"Windows.DoEvents(", ShowBox},
+                               {"Form.Viewer(", nullptr},
+                               {"Windows.GetWindowPlacement(40", "LoadLastPos\r\n"},
+                               {"Screen.MousePointer(0)", ShowBox},
+                               {"Form.ToolbarOf(", "", 16},
+                               {"Toolbar.ZOrder(", "", 16},
+                               {"Form.hWnd()", "SavePos\r\n"},
+                               {"Windows.ShowWindow(40, 5)", "", 16},
+                               {"Screen.MousePointer(0)", ShowBox},
+                               {"Form.Unload(", "", 16}};
+
+/// The routines in the order in which they run.
+std::vector<RoutineRow> Routines(bool arabic) {
+    std::vector<RoutineRow> rows = {{"Screen.MousePointer(11)", ShowBox}, {"Form.ToolbarOf(", nullptr}};
+    if (arabic)
+        rows.insert(rows.end(), std::begin(Mirroring), std::end(Mirroring));
+    else
+        rows.insert(rows.end(), std::begin(EnglishWords), std::end(EnglishWords));
+    rows.insert(rows.end(), std::begin(Rest), std::end(Rest));
+    return rows;
+}
+
+/// The routine of each call.
+std::vector<RoutineRow> RoutineOfEach(const std::vector<std::string>& calls, bool arabic) {
+    const std::vector<RoutineRow> rows = Routines(arabic);
+    std::vector<RoutineRow> each;
+    std::size_t row = 0;
+    for (const std::string& call : calls) {
+        if (row + 1 < rows.size() && call.starts_with(rows[row + 1].from)) ++row;
+        each.push_back(rows[row]);
+    }
+    EXPECT_EQ(row + 1, rows.size()) << "no call begins with "
+                                    << rows[std::min(row + 1, rows.size() - 1)].from;
+    return each;
+}
+
+class EachCallFails : public Placement, public ::testing::WithParamInterface<bool> {};
+
+TEST_P(EachCallFails, AndTheHostIsBackThePointerUsualAndTheBoxThatOfItsRoutine) {
+    const auto log = std::make_shared<fakes::CallLog>();
+    fakes::FakePlatform::Observe(log);
+    Show([](FakeForm&) {}, GetParam());
+    frmPrntServer::Drop();
+    const std::vector<std::string> calls = log->Lines();
+    const std::vector<RoutineRow> routines = RoutineOfEach(calls, GetParam());
     for (const BoxAnswer answer : {BoxAnswer::Cancel, BoxAnswer::Retry}) {
-        for (std::size_t position = 1; position <= all; ++position) {
-            run(position, answer, calls, failed);
-            EXPECT_FALSE(platform.windows->hidden[Host]) << failed;
-            if (failed != "MousePointer") {
-                EXPECT_EQ(platform.screen->Current(), Pointer::Default) << failed;
+        for (std::size_t position = 0; position < calls.size(); ++position) {
+            const std::string& call = calls[position];
+            platform.messages->usual = answer;
+            platform.messages->boxes.clear();
+            const auto fault = std::make_shared<Once>(position + 1);
+            fakes::FakePlatform::Observe(fault);
+            Show([](FakeForm&) {}, GetParam());
+            frmPrntServer::Drop();
+            fault->Stop();
+            EXPECT_FALSE(platform.windows->hidden[Host]) << call;
+            if (!call.starts_with("Screen.")) {
+                EXPECT_EQ(platform.screen->Current(), Pointer::Default) << call;
+            }
+            const RoutineRow& routine = routines[position];
+            if (routine.box == nullptr) {
+                EXPECT_THAT(platform.messages->boxes, IsEmpty()) << call;
+                continue;
+            }
+            ASSERT_THAT(platform.messages->boxes, ::testing::Not(IsEmpty())) << call;
+            EXPECT_EQ(platform.messages->boxes.front(),
+                      (fakes::ShownBox{std::string(routine.box) + "broken", routine.style, "qbrpt"}))
+                << call;
+            if (answer == BoxAnswer::Cancel) {
+                EXPECT_THAT(platform.messages->boxes, SizeIs(1)) << call;
             }
         }
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Languages, EachCallFails, ::testing::Values(true, false),
+                         [](const auto& arabic) { return arabic.param ? "Arabic" : "English"; });
 
 } // namespace
 } // namespace qbrpt

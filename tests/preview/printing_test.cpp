@@ -267,6 +267,23 @@ TEST_F(PreviewTest, AligningAVisibleReportRendersItAnew) {
     });
 }
 
+TEST_F(PreviewTest, AnAlignmentDuringAWaitLeavesThePointerAndTheViewer) {
+    Show([this](FakeForm& form) {
+        bool asked = false;
+        platform.viewer->whenAsked = [&] {
+            if (std::exchange(asked, true)) return;
+            frmPrntServer::Instance().AlignToPrinter();
+            EXPECT_EQ(platform.screen->Current(), Pointer::Wait);
+        };
+        Choose(form, "mnFirstPage");
+        platform.viewer->whenAsked = [] {};
+        EXPECT_TRUE(asked);
+        EXPECT_EQ(Record().leftMargin, 364);
+        EXPECT_EQ(platform.viewer->refreshed, 0);
+        EXPECT_THAT(platform.messages->boxes, IsEmpty());
+    });
+}
+
 TEST_F(PreviewTest, AFailingAlignmentBearsItsNameInTheTitle) {
     Show([this](FakeForm&) {
         platform.printers->printers.clear();
@@ -373,6 +390,28 @@ TEST_F(PreviewTest, ReportsOfOtherClassesTakeNoReceivers) {
     frmPrntServer::Instance().ShowGuestInfo(report, Receivers(2), 2, false, true);
     EXPECT_EQ(Record().printed, 2);
     EXPECT_THAT(platform.messages->boxes, IsEmpty());
+}
+
+TEST_F(PreviewTest, AWindowThatCannotBeMadeForReceiversIsTold) {
+    for (const BoxAnswer answer : {BoxAnswer::Cancel, BoxAnswer::Retry}) {
+        const auto receiver = std::make_shared<SecurRpt>();
+        Bind();
+        platform.messages->boxes.clear();
+        platform.messages->usual = answer;
+        bool broken = false;
+        platform.forms->prepare = [&](FakeForm&) {
+            if (!std::exchange(broken, true)) throw Failure(FailureNumber::Device, "no display");
+        };
+        frmPrntServer::Instance().ShowGuestInfo(receiver, Receivers(3), 3, false, true);
+        EXPECT_THAT(platform.messages->boxes, ElementsAre(fakes::ShownBox{"no display", 21, "qbrpt"}));
+        // Whoever goes on has the window made by the next statement, and its load step forgets the receivers.
+        EXPECT_EQ(Record().printed, answer == BoxAnswer::Retry ? 1 : 0);
+        EXPECT_EQ(platform.screen->Current(), Pointer::Default);
+        EXPECT_TRUE(platform.forms->latest.expired()) << "unloaded";
+        EXPECT_EQ(receiver.use_count(), 1) << "let go";
+        EXPECT_TRUE(Show()) << "nothing stays open";
+        frmPrntServer::Drop();
+    }
 }
 
 TEST_F(PreviewTest, AMissingReceiverIsTold) {

@@ -2,6 +2,7 @@
 #include "preview/print_server_table.h"
 #include "preview_fixture.h"
 
+#include <algorithm>
 #include <array>
 
 namespace qbrpt {
@@ -63,6 +64,40 @@ TEST_F(PreviewTest, ShowsItsReportInTheStepsOfTheRun) {
                     "\".Default\\Software\\Tollmere\\Printing\", \"Window Place\", 3)",
                     "Screen.MousePointer(0)", "Form.Unload()"));
     EXPECT_THAT(platform.messages->boxes, IsEmpty());
+}
+
+TEST_F(PreviewTest, WaitsForTheViewerBeforeAndBehindEachOfItsReadings) {
+    platform.printers->printers[0].deviceName = "Other"; // so that the report is bound anew
+    platform.viewer->busyFor = 1;
+    const auto log = std::make_shared<fakes::CallLog>();
+    fakes::FakePlatform::Observe(log);
+    Show();
+    std::vector<std::string> steps =
+        log->LinesOf({"Screen.", "CRViewer.", "Windows.DoEvents", "Windows.SleepEx", "Printer.",
+                      "CrystalRuntime.Report.", "RegistryStore.ReadValue", "Form.ShowModal"});
+    steps.erase(std::find(steps.begin(), steps.end(), "Form.ShowModal()"), steps.end());
+    const std::vector<std::string> expected = {
+        "Screen.MousePointer(11)", "CRViewer.SetReportSource()",
+        // The wait: busy once.
+        "CRViewer.IsBusy()", "Windows.DoEvents()", "Windows.SleepEx(10)", "CRViewer.IsBusy()",
+        "Windows.DoEvents()",
+        // The bond with the printer.
+        "Printer.Current()", "CrystalRuntime.Report.PrinterName()", "Printer.Current()",
+        "CrystalRuntime.Report.SelectPrinter(\"lazer driver\", \"Other\", \"LPT1:\")",
+        "Printer.Orientation()", "CrystalRuntime.Report.SetPaperOrientation(1)", "Printer.Current()",
+        "CrystalRuntime.Report.SetPaperSize(9)",
+        // The alignment, in a window that cannot be seen yet.
+        "Screen.MousePointer(11)", "Printer.Current()", "CrystalRuntime.Report.SetLeftMargin(364)",
+        "CRViewer.IsBusy()", "Windows.DoEvents()", "CRViewer.IsBusy()", "Windows.DoEvents()",
+        "Screen.MousePointer(0)",
+        // The reading, and what menu and buttons make of it.
+        "CRViewer.ViewReport(true)", "CrystalRuntime.Report.NumberOfPages()", "CRViewer.IsBusy()",
+        "Windows.DoEvents()", "CRViewer.IsBusy()", "CRViewer.GetCurrentPageNumber()",
+        "CrystalRuntime.Report.NumberOfPages()",
+        "RegistryStore.ReadValue(2147483651, \".Default\\Software\\Tollmere\\Printing\", \"Window Place\", "
+        "3)",
+        "Screen.MousePointer(0)"};
+    EXPECT_EQ(steps, expected);
 }
 
 TEST_F(PreviewTest, InArabicIsMirroredAndHasItsToolbarAtTheRight) {
@@ -148,6 +183,57 @@ INSTANTIATE_TEST_SUITE_P(
                       SizeRow{"Minimised", 0, 0, {0, 600, 0, 200}, 1}),
     [](const auto& row) { return row.param.name; });
 
+TEST_F(PreviewTest, AResizePlacesTheToolbarBehindTheViewerAndInFront) {
+    struct Row {
+        bool arabic;
+        const char* toolbar;
+    };
+    for (const Row& row : {Row{true, "Toolbar.Move(2000, 2)"}, Row{false, "Toolbar.Move(0, 2)"}}) {
+        Show(
+            [&](FakeForm& form) {
+                form.scaleWidth = 9000;
+                form.scaleHeight = 5000;
+                const auto log = std::make_shared<fakes::CallLog>();
+                fakes::FakePlatform::Observe(log);
+                form.events.Resize();
+                EXPECT_THAT(
+                    log->LinesOf({"CRViewer.", "Toolbar.Move", "Toolbar.ZOrder"}),
+                    ElementsAre("CRViewer.Move(0, 600, 9000, 4400)", row.toolbar, "Toolbar.ZOrder()"));
+                EXPECT_GT(form.toolbars.at("Toolbar1")->broughtToFront, 0);
+            },
+            row.arabic);
+        frmPrntServer::Drop();
+    }
+}
+
+TEST_F(PreviewTest, WhatCannotBeSetAtLoadingIsPassedOver) {
+    class Broken final : public PortObserver {
+        void Called(const PortCall& call) override {
+            if (call.operation == "SetEnabled") throw Failure(FailureNumber::Device, "broken");
+        }
+    };
+    fakes::FakePlatform::Observe(std::make_shared<Broken>());
+    EXPECT_TRUE(Show([](FakeForm& form) {
+        EXPECT_EQ(form.toolbars.at("Toolbar1")->Of("zoom100")->value, 1) << "the last of its statements";
+        EXPECT_TRUE(form.toolbars.at("Toolbar1")->Of("prev")->enabled);
+    }));
+    EXPECT_THAT(platform.messages->boxes, IsEmpty());
+}
+
+TEST_F(PreviewTest, ASecondPreviewBeginsWithNothingOfTheFirst) {
+    Show([this](FakeForm& form) {
+        Choose(form, "mnZoom200");
+        EXPECT_FALSE(form.menu.at("mnZoom200")->enabled);
+    });
+    frmPrntServer::Drop();
+    Show([this](FakeForm& form) {
+        EXPECT_TRUE(form.menu.at("mnZoom200")->enabled);
+        EXPECT_FALSE(form.menu.at("mnZoom100")->enabled);
+        Choose(form, "mnZoomIn");
+        EXPECT_THAT(platform.viewer->zooms, ElementsAre(200, 200)) << "from 100 on";
+    });
+}
+
 TEST_F(PreviewTest, ClosesOnceByItsMenuItsButtonAndItsFrame) {
     for (const bool byMenu : {true, false}) {
         Show([byMenu](FakeForm& form) { byMenu ? Choose(form, "mnClose") : Press(form, "close"); });
@@ -177,6 +263,39 @@ TEST_F(PreviewTest, ASecondReportWhileOneIsOpenIsRefused) {
         EXPECT_FALSE(form.gone);
     });
     EXPECT_EQ(platform.forms->built, 1);
+}
+
+TEST_F(PreviewTest, ReceiversOfAnotherReportWaitUntilTheOpenOneIsClosed) {
+    Record().pages = 3;
+    const auto other = std::make_shared<PayOutRpt>();
+    for (const bool show : {true, false}) {
+        platform.messages->boxes.clear();
+        Show([&](FakeForm& form) {
+            const auto log = std::make_shared<fakes::CallLog>();
+            fakes::FakePlatform::Observe(log);
+            frmPrntServer::Instance().ShowGuestInfo(other, ReceiverRows(2), 2, show, true);
+            EXPECT_THAT(platform.messages->boxes,
+                        ElementsAre(fakes::ShownBox{"A report is open already. Close its window first.", 21,
+                                                    "qbrpt"}));
+            EXPECT_THAT(log->Lines(), SizeIs(1)) << "nothing but the box";
+            EXPECT_FALSE(form.gone);
+            Choose(form, "mnNextPage");
+            EXPECT_THAT(platform.viewer->pagesAsked.back(), 2) << "the open one goes on";
+            platform.viewer->page = 1;
+        });
+        EXPECT_EQ(Record().printed, 0);
+        frmPrntServer::Drop();
+    }
+}
+
+TEST_F(PreviewTest, AReportForReceiversRefusesASecondOneToo) {
+    platform.forms->shown = [this](FakeForm&) {
+        EXPECT_FALSE(frmPrntServer::Instance().ShowpReport(report, true));
+    };
+    frmPrntServer::Instance().ShowGuestInfo(report, ReceiverRows(1), 1, true, true);
+    EXPECT_THAT(platform.messages->Texts(),
+                ElementsAre("ShowpReport\rA report is open already. Close its window first."));
+    EXPECT_TRUE(Show()) << "closed, it stands in nobody's way";
 }
 
 TEST_F(PreviewTest, AFailureOnTheWayEndsInABoxAndAnAnswer) {

@@ -67,6 +67,37 @@ TEST_F(ReportRunTest, ReportAndWindowAreGoneBeforeThePointerIsSetBack) {
     EXPECT_FALSE(last->window);
 }
 
+TEST_F(ReportRunTest, WhileOneIsOpenAnotherIsNeitherPrintedNorShown) {
+    for (const bool show : {false, true}) {
+        Ref<PayOutRpt> outer = std::make_shared<PayOutRpt>();
+        fakes::ReportRecord& open = *platform.runtime->made.back();
+        open.pages = 3;
+        Ref<PayOutRpt> nested = std::make_shared<PayOutRpt>();
+        fakes::ReportRecord& refused = *platform.runtime->made.back();
+        platform.messages->boxes.clear();
+        platform.messages->usual = Retry; // which goes on with nothing
+        platform.forms->shown = [&](fakes::FakeForm& form) {
+            platform.screen->pointers.clear();
+            RunReport(nested, records, true, show, title);
+            EXPECT_THAT(platform.screen->pointers, IsEmpty());
+            EXPECT_TRUE(nested.Empty());
+            EXPECT_FALSE(refused.rowsRead);
+            EXPECT_FALSE(form.gone);
+            form.events.ButtonClick("next");
+            form.events.ButtonClick("print");
+        };
+        RunReport(outer, records, true, true, title);
+        EXPECT_THAT(platform.messages->boxes,
+                    ElementsAre(ShownBox{"A report is open already. Close its window first.", 21, "qbrpt"}));
+        EXPECT_EQ(refused.printed, 0);
+        EXPECT_EQ(open.printed, 1) << "the open one goes on";
+        EXPECT_EQ(platform.viewer->pagesAsked.back(), 2);
+        EXPECT_FALSE(frmPrntServer::Exists());
+        platform.viewer->page = 1;
+    }
+    EXPECT_EQ(platform.viewer->views, 2);
+}
+
 TEST_F(ReportRunTest, BindsNothingUnlessAsked) {
     RunReport(report, records, false, false, title);
     EXPECT_EQ(Made().dataTag, std::nullopt);
