@@ -1,4 +1,5 @@
 // Right-to-left styles by class, over trees of windows.
+#include "fakes/call_log.h"
 #include "fakes/fake_platform.h"
 #include "support/mirroring.h"
 
@@ -112,6 +113,42 @@ TEST_F(Mirroring, OnlyAToolbarOfJustThatClassIsKept) {
     EXPECT_EQ(Tree()[2].style, 4U);
 }
 
+TEST_F(Mirroring, AToolbarIsKeptHoweverItsClassIsWritten) {
+    Tree()[2].className = "MSVB_Lib_Toolbar";
+    MirrorWindow(1, false, true);
+    EXPECT_EQ(Tree()[2].extended, 0U);
+    EXPECT_EQ(Tree()[2].style, 0U);
+}
+
+struct OrderRow {
+    const char* name;
+    const char* className;
+    std::vector<std::string> changes;
+};
+
+class StyleOrder : public Mirroring, public ::testing::WithParamInterface<OrderRow> {};
+
+TEST_P(StyleOrder, IsThatOfTheTable) {
+    Tree()[4] = {.className = GetParam().className, .style = 0x220};
+    const auto log = std::make_shared<fakes::CallLog>();
+    fakes::FakePlatform::Observe(log);
+    MirrorWindow(4, false, false);
+    EXPECT_EQ(log->LinesOf({"WindowTree.SetWindowLong"}), GetParam().changes);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, StyleOrder,
+    ::testing::Values(
+        OrderRow{"StyleFirst",
+                 "ThunderPicture",
+                 {"WindowTree.SetWindowLong(4, -16, 0)", "WindowTree.SetWindowLong(4, -20, 12288)"}},
+        OrderRow{"OfAToolbarTheExtendedStyleFirst",
+                 "msvb_lib_toolbar",
+                 {"WindowTree.SetWindowLong(4, -20, 4194304)", "WindowTree.SetWindowLong(4, -16, 548)"}},
+        OrderRow{"OneAlone", "Edit", {"WindowTree.SetWindowLong(4, -20, 28672)"}},
+        OrderRow{"None", "ComboBox", {}}),
+    [](const auto& row) { return row.param.name; });
+
 TEST_F(Mirroring, TurnedWholeAWindowPassesNothingOn) {
     Tree()[1].extended = 0x3000;
     MirrorWindow(1, true, false);
@@ -126,6 +163,15 @@ TEST_F(Mirroring, TheTopOfAMenuIsTurned) {
     EXPECT_THAT(MenuTypes(), ElementsAre(0x6001, 0x6010));
     EXPECT_EQ(Tree()[1].menu[0].text, "&ملف");
     EXPECT_EQ(Tree()[1].menuDrawn, 1);
+}
+
+TEST_F(Mirroring, AnyBitOfACaptionTurnsTheMenu) {
+    for (const std::uint32_t bit : {0x400000U, 0x800000U}) {
+        Tree()[1].style = bit;
+        Tree()[1].menu[0].type = 0x1;
+        MirrorWindow(1, false, false);
+        EXPECT_EQ(Tree()[1].menu[0].type, 0x6001U) << bit;
+    }
 }
 
 TEST_F(Mirroring, WithoutACaptionAWindowsMenuStays) {
