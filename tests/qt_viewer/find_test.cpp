@@ -1,4 +1,5 @@
 // Finding words in a shown report.
+#include "adapters/qt/viewer/text_folding.h"
 #include "viewer_fixture.h"
 
 #include <QtWidgets/QLineEdit>
@@ -50,6 +51,23 @@ TEST_F(FindTests, CountsAllPlacesOfAllPages) {
         Find(row.text);
         EXPECT_EQ(Counts().toStdString(), row.counts) << row.name;
     }
+}
+
+TEST_F(FindTests, APlaceThatCannotBeShownEndsNothing) {
+    viewer::Finder finder;
+    int asked = 0;
+    finder.found = [&](const viewer::HitPlace&) {
+        ++asked;
+        throw Failure(FailureNumber::Report, "a torn page");
+    };
+    finder.Start(std::make_shared<viewer::PageStore>(Filled("PayOutRpt", NamedPayments(400))),
+                 viewer::FoldQuery("أحمد"), 0);
+    EXPECT_EQ(asked, 1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !finder.Working(); }));
+    EXPECT_EQ(finder.Course()->Total(), 40U);
+    finder.Step(true);
+    EXPECT_EQ(asked, 2);
+    EXPECT_EQ(finder.Course()->CurrentNumber(), 2U);
 }
 
 TEST_F(FindTests, EnterStepsForwardsAndWithShiftBackwards) {

@@ -1,6 +1,7 @@
 // A report of very many rows that takes no memory.
 #pragma once
 
+#include "base/failure.h"
 #include "fakes/memory_rows.h"
 #include "platform/DAO.h"
 
@@ -19,8 +20,12 @@ public:
     [[nodiscard]] std::size_t RowCount() const override { return mCount; }
     [[nodiscard]] const std::vector<ColumnInfo>& Columns() const override { return mRows->Columns(); }
     [[nodiscard]] std::unique_ptr<RowCursor> Open() const override {
+        ++mOpened;
         return std::make_unique<Cursor>(shared_from_this());
     }
+    [[nodiscard]] int Opened() const { return mOpened; }
+    /// From now on they cannot be read.
+    void Tear() { mTorn = true; }
 
 private:
     class Cursor final : public RowCursor {
@@ -32,6 +37,7 @@ private:
             mInner->Seek(index % mSource->mRows->RowCount());
         }
         bool Next(RowView& row) override {
+            if (mSource->mTorn) throw Failure(FailureNumber::Report, "The rows are torn.");
             if (mNext >= mSource->mCount) return false;
             if (mNext % mSource->mRows->RowCount() == 0) mInner->Seek(0);
             ++mNext;
@@ -45,6 +51,8 @@ private:
     };
     std::shared_ptr<fakes::MemoryRows> mRows;
     std::size_t mCount;
+    mutable int mOpened = 0;
+    bool mTorn = false;
 };
 
 } // namespace qbrpt

@@ -7,6 +7,7 @@
 #include <QtGui/QContextMenuEvent>
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QInputDialog>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QScrollBar>
 #include <gmock/gmock.h>
 
@@ -25,10 +26,11 @@ protected:
         View(Filled("PayOutRpt", NamedPayments(rows)), arabic);
     }
     /// A report whose rows must all be measured, which takes a while.
-    Ref<CrystalRuntime::Report> LongReport() {
+    Ref<CrystalRuntime::Report> LongReport(std::size_t payments = 1'200'000) {
         const auto report = NewReport("PayOutRpt");
         const auto data = std::make_shared<fakes::FakeRecordset>(std::vector<fakes::Row>{});
-        data->rows = std::make_shared<RepeatedRows>(NamedPayments(500), 1'200'000);
+        manyRows = std::make_shared<RepeatedRows>(NamedPayments(500), payments);
+        data->rows = manyRows;
         report->SetDataSource(data, 3);
         report->ReadRecords();
         return report;
@@ -54,6 +56,13 @@ protected:
         }
         QTest::mouseRelease(Viewport(), button, {}, to);
     }
+    /// The user presses escape as soon as the report is read.
+    void WillEscape() const {
+        QApplication::postEvent(viewer.get(),
+                                new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+    }
+
+    std::shared_ptr<RepeatedRows> manyRows; ///< of the long report
 };
 
 TEST_F(ViewerTests, TellsPrinterAndPagesAndIsReadyAtOnce) {
@@ -236,6 +245,49 @@ TEST_F(ViewerTests, TheMenuSpeaksTheLanguageOfTheWindow) {
     }
 }
 
+TEST_F(ViewerTests, ThePageNumberShowsForAMomentWhilePagesPassBy) {
+    ViewPayments();
+    const auto* tip = Viewport()->findChild<QLabel*>();
+    EXPECT_FALSE(tip->isVisible());
+    Desk().verticalScrollBar()->setValue(Desk().verticalScrollBar()->maximum());
+    EXPECT_TRUE(tip->isVisible());
+    EXPECT_EQ(tip->text(), QString("صفحة %1 من %1").arg(Pages()));
+    EXPECT_LT(tip->x(), 20) << "beside the scroll bar";
+    EXPECT_GT(tip->y(), Viewport()->height() / 2);
+    Turn(1000, Qt::NoModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tip->text() == QString("صفحة 1 من %1").arg(Pages()); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tip->y() < 20; })) << "it goes with the view";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !tip->isVisible(); }, 3000));
+    Turn(-1, Qt::NoModifier);
+    EXPECT_TRUE(tip->isVisible());
+    ViewPayments(3);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !tip->isVisible(); }, 3000));
+    Turn(-1, Qt::NoModifier);
+    EXPECT_FALSE(tip->isVisible()) << "there is no other page";
+}
+
+TEST_F(ViewerTests, AFitThatTakesAnotherPageTellsSo) {
+    ViewPayments();
+    port->Zoom(25); // the first page, and the next below it in the middle of the view
+    ASSERT_EQ(Page(), 1);
+    viewer->Run(viewer::ViewerCommand::FitWidth);
+    EXPECT_EQ(Page(), 2);
+    EXPECT_EQ(pageChanges, 1);
+    viewer->Run(viewer::ViewerCommand::FitPage);
+    EXPECT_EQ(Page(), 2);
+    EXPECT_EQ(pageChanges, 1);
+}
+
+TEST_F(ViewerTests, AFullSizeIsTheWindowsToGive) {
+    ViewPayments();
+    int asked = 0;
+    viewer->fullSize = [&] { ++asked; };
+    port->Zoom(200);
+    viewer->Run(viewer::ViewerCommand::FullSize);
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(Desk().Zoom(), 200);
+}
+
 TEST_F(ViewerTests, AsksForThePageToGoTo) {
     ViewPayments();
     QTimer::singleShot(0, [] {
@@ -259,6 +311,7 @@ TEST_F(ViewerTests, TellsScreenReadersWhereTheReaderIs) {
 
 TEST_F(ViewerTests, FitsFollowTheView) {
     ViewPayments();
+    viewer->fullSize = [this] { port->Zoom(100); };
     viewer->Run(viewer::ViewerCommand::FitWidth);
     EXPECT_EQ(Desk().Layout().Width(), Viewport()->width());
     viewer->resize(700, 800);
@@ -277,18 +330,28 @@ TEST_F(ViewerTests, FitsFollowTheView) {
 TEST_F(ViewerTests, ARefreshShowsWhatChangedAndKeepsThePage) {
     const auto report = Filled("PayOutRpt", NamedPayments(RowsOfSomePages));
     View(report);
+    bool busy = false;
+    viewer->pageChanged = [&] {
+        ++pageChanges;
+        busy = busy || port->IsBusy();
+    };
     port->ShowNthPage(3);
     const std::int32_t upright = Pages();
+    port->Refresh();
+    EXPECT_EQ(pageChanges, 0) << "as it was";
     report->SetPaperOrientation(2);
     port->Refresh();
     EXPECT_GT(Pages(), upright);
     EXPECT_EQ(Page(), 3);
+    EXPECT_EQ(pageChanges, 1) << "of more pages now";
     EXPECT_GT(Desk().Layout().PageRect(0).width, Desk().Layout().PageRect(0).height);
     port->ShowNthPage(static_cast<std::int16_t>(Pages()));
     report->SetPaperOrientation(1);
     port->Refresh();
     EXPECT_EQ(Page(), Pages()) << "a page that is gone gives way to the last";
     EXPECT_EQ(Pages(), upright);
+    EXPECT_EQ(pageChanges, 2);
+    EXPECT_FALSE(busy) << "whoever is told may ask";
 }
 
 TEST_F(ViewerTests, IsMovedInTwips) {
@@ -321,7 +384,7 @@ TEST_F(ViewerTests, AnEmptyReportHasAPage) {
 TEST_F(ViewerTests, EscapeStopsTheReadingOfALongReport) {
     viewer->show();
     port->SetReportSource(LongReport());
-    QApplication::postEvent(viewer.get(), new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+    WillEscape();
     const Failure stopped = FailureOf([&] { port->ViewReport(true); });
     EXPECT_EQ(stopped.Number(), FailureNumber::Cancelled);
     EXPECT_FALSE(port->IsBusy());
@@ -329,6 +392,60 @@ TEST_F(ViewerTests, EscapeStopsTheReadingOfALongReport) {
     EXPECT_GT(Pages(), 27'000);
     Press(Qt::Key_End);
     EXPECT_EQ(Page(), Pages());
+}
+
+TEST_F(ViewerTests, EscapeDuringARefreshLeavesAnEmptyDeskUntilTheNext) {
+    const auto report = LongReport();
+    View(report);
+    const std::int32_t upright = Pages();
+    port->ShowNthPage(3);
+    report->SetPaperOrientation(2);
+    WillEscape();
+    EXPECT_EQ(FailureOf([&] { port->Refresh(); }).Number(), FailureNumber::Cancelled);
+    EXPECT_FALSE(port->IsBusy());
+    EXPECT_EQ(Pages(), 0);
+    const int opened = manyRows->Opened();
+    for (const Qt::Key key : {Qt::Key_End, Qt::Key_PageDown, Qt::Key_Home})
+        Press(key);
+    Turn(-3, Qt::NoModifier);
+    Drag({300, 300}, {500, 500}, Qt::LeftButton);
+    for (const auto command : {viewer::ViewerCommand::FitWidth, viewer::ViewerCommand::Copy})
+        viewer->Run(command);
+    viewer->resize(900, 700);
+    Wait();
+    Viewport()->repaint();
+    EXPECT_EQ(Page(), 1);
+    EXPECT_EQ(manyRows->Opened(), opened) << "nothing reads on behind the user's back";
+    port->Refresh();
+    EXPECT_GT(Pages(), upright);
+    Press(Qt::Key_End);
+    EXPECT_EQ(Page(), Pages());
+}
+
+TEST_F(ViewerTests, WhatCannotBeReadIsNotCopied) {
+    View(LongReport(2000));
+    port->Zoom(50);
+    QApplication::clipboard()->setText("before");
+    QTest::mousePress(Viewport(), Qt::LeftButton, {}, {500, 300});
+    port->ShowNthPage(40); // more pages away than are kept
+    const QPoint to(500, 200);
+    QMouseEvent event(QEvent::MouseMove, to, Viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(Viewport(), &event);
+    QTest::mouseRelease(Viewport(), Qt::LeftButton, {}, to);
+    ASSERT_TRUE(Desk().HasSelection());
+    manyRows->Tear();
+    EXPECT_THROW(static_cast<void>(Desk().SelectedText()), Failure);
+    viewer->Run(viewer::ViewerCommand::Copy);
+    EXPECT_EQ(QApplication::clipboard()->text(), "before");
+    // Where the page is drawn its failure is told.
+    int red = 0;
+    port->ShowNthPage(20);
+    const QImage seen = Viewport()->grab().toImage();
+    for (int y = 0; y < seen.height(); ++y)
+        for (int x = 0; x < seen.width(); ++x)
+            red += qRed(seen.pixel(x, y)) > qBlue(seen.pixel(x, y)) + 60 ? 1 : 0;
+    EXPECT_GT(red, 50);
 }
 
 TEST_F(ViewerTests, AReportThatIsReadHearsNoOtherKeyAndNoClick) {

@@ -109,6 +109,7 @@ void FormControls::AddViewer(const ControlRow& row) {
     auto* viewer = new ViewerWidget(&mWindow.Client());
     viewer->pageChanged = mEvents.pageChanged;
     viewer->zoomStep = [click = mEvents.click](bool in) { click(in ? "mnZoomIn" : "mnZoomOut"); };
+    viewer->fullSize = [click = mEvents.click] { click("mnZoom100"); };
     viewer->dressMenu = DressMenu;
     mViewers[std::string(row.name)] = viewer;
     mWindow.setFocusProxy(viewer); // what is typed goes to the pages

@@ -61,6 +61,7 @@ DeskArea::DeskArea(QWidget* parent, Finder& finder)
         const auto way = static_cast<double>(mGlideTo - mGlideFrom);
         GoTo(mLeft, mGlideFrom + std::llround(way * part.toDouble()));
         Moved();
+        ShowTip();
     });
     mPrepare.setSingleShot(true);
     connect(&mPrepare, &QTimer::timeout, this, [this] { Prepare(); });
@@ -78,12 +79,24 @@ void DeskArea::SetLanguage(bool arabic) {
 }
 
 void DeskArea::Show(std::shared_ptr<PageStore> pages) {
+    Empty();
     mPages = std::move(pages);
     mPainter = std::make_unique<DeskPainter>(mPages);
-    mCurrent = 0;
-    mTop = mLeft = 0;
-    mLayout.SetPages(0, {});
     Renew();
+}
+
+void DeskArea::Empty() {
+    mGlide.stop();
+    mPrepare.stop();
+    mDragScroll.stop();
+    mSelection.Clear();
+    mPressed.reset();
+    mPainter.reset();
+    mPages.reset();
+    mCurrent = 0;
+    mLayout.SetPages(0, {});
+    setAccessibleDescription({});
+    GoTo(0, 0);
 }
 
 void DeskArea::Renew() {
@@ -204,9 +217,11 @@ void DeskArea::SetZoom(double percent) {
 
 void DeskArea::SetFit(Fit fit) {
     mFit = fit;
+    const std::int32_t before = mCurrent;
     // Once more where a scroll bar came or went with the first.
     for (int i = 0; i < 2 && fit != Fit::None; ++i)
         ApplyZoom(fit == Fit::Width ? mLayout.ZoomToWidth() : mLayout.ZoomToPage());
+    if (before != mCurrent && pageChanged) pageChanged();
 }
 
 void DeskArea::ShowHit(const HitPlace& place) {

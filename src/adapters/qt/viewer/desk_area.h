@@ -33,6 +33,8 @@ public:
 
     void SetLanguage(bool arabic);
     void Show(std::shared_ptr<PageStore> pages);
+    /// There are no pages; nothing is asked of a report until others are shown.
+    void Empty();
     /// The report's pages are other ones now; the page number stays.
     void Renew();
 
@@ -46,6 +48,7 @@ public:
     void ShowPage(std::int32_t page);
     /// Keeps the middle of the view.
     void SetZoom(double percent);
+    /// The same by the viewer's own doing.
     void SetFit(Fit fit);
     [[nodiscard]] double Zoom() const { return mLayout.Zoom(); }
     void ShowHit(const HitPlace& place);

@@ -22,6 +22,18 @@ QRectF PlaceOf(const PageBox& box, const QRectF& sheet, double pixelsPerTwip) {
             (box.right - box.left) * pixelsPerTwip, (box.bottom - box.top) * pixelsPerTwip};
 }
 
+/// Gives a painter its state back, also when a page fails half-way.
+class Kept {
+public:
+    explicit Kept(QPainter& painter) : mPainter(painter) { mPainter.save(); }
+    ~Kept() { mPainter.restore(); }
+    Kept(const Kept&) = delete;
+    Kept& operator=(const Kept&) = delete;
+
+private:
+    QPainter& mPainter;
+};
+
 } // namespace
 
 DeskPainter::DeskPainter(std::shared_ptr<PageStore> pages)
@@ -83,7 +95,7 @@ void DeskPainter::Draw(QPainter& painter, const DeskView& view, const TextSelect
         const QRectF sheet(QPointF(place.topLeft()) / view.screenScale,
                            QSizeF(place.size()) / view.screenScale);
         DrawSheet(painter, sheet);
-        painter.save();
+        const Kept kept(painter);
         painter.setClipRect(sheet);
         try {
             DrawTiles(painter, view, page);
@@ -93,12 +105,11 @@ void DeskPainter::Draw(QPainter& painter, const DeskView& view, const TextSelect
             painter.drawText(sheet.adjusted(DeskMargin, DeskMargin, -DeskMargin, -DeskMargin),
                              Qt::TextWordWrap, QString::fromStdString(failure.Description()));
         }
-        painter.restore();
     }
 }
 
 void DeskPainter::DrawSheet(QPainter& painter, const QRectF& sheet) const {
-    painter.save();
+    const Kept kept(painter);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(0, 0, 0, ShadowAlpha));
@@ -107,7 +118,6 @@ void DeskPainter::DrawSheet(QPainter& painter, const QRectF& sheet) const {
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.fillRect(sheet.adjusted(-1, -1, 1, 1), QColor(SheetOutline));
     painter.fillRect(sheet, Qt::white);
-    painter.restore();
 }
 
 // In whole pixels of the screen, also where the desk itself begins half-way in one: there would be seams
@@ -115,7 +125,7 @@ void DeskPainter::DrawSheet(QPainter& painter, const QRectF& sheet) const {
 void DeskPainter::DrawTiles(QPainter& painter, const DeskView& view, std::int32_t page) {
     const QPoint corner = ScreenPlace(view, page).topLeft();
     const TileSpan span = TilesSeen(view, page);
-    painter.save();
+    const Kept kept(painter);
     painter.scale(1 / view.screenScale, 1 / view.screenScale);
     const QTransform toScreen = painter.deviceTransform();
     painter.translate(std::round(toScreen.dx()) - toScreen.dx(), std::round(toScreen.dy()) - toScreen.dy());
@@ -124,7 +134,6 @@ void DeskPainter::DrawTiles(QPainter& painter, const DeskView& view, std::int32_
             const QPoint at = corner + QPoint(column, row) * TileStore::Side;
             painter.drawImage(at, Tile(view, {page, column, row}));
         }
-    painter.restore();
 }
 
 // As a marker on paper does: the letters stay as they are.

@@ -51,7 +51,15 @@ void Finder::Step(bool forward) {
     const bool stepped = mCourse->Step(forward);
     if (!mCourse->Complete()) mTimer.start();
     if (changed) changed();
-    if (stepped && found) found(*mCourse->Current());
+    if (stepped) ShowCurrent();
+}
+
+// Out of an event, through which nothing may be thrown.
+void Finder::ShowCurrent() {
+    try {
+        if (found) found(*mCourse->Current());
+    } catch (const Failure&) { // told of where the page is drawn
+    }
 }
 
 void Finder::Work() {
@@ -70,7 +78,7 @@ void Finder::Work() {
     }
     if (mCourse->Complete()) mTimer.stop();
     if (changed) changed();
-    if (stepped && found) found(*mCourse->Current());
+    if (stepped) ShowCurrent();
 }
 
 } // namespace qbrpt::viewer

@@ -37,6 +37,7 @@ public:
 
 private:
     void Work();
+    void ShowCurrent();
 
     std::shared_ptr<PageStore> mPages;
     std::u32string mQuery;

@@ -65,8 +65,8 @@ std::int32_t ViewerWidget::View(bool arabic) {
     mDesk->SetLanguage(arabic);
     mFind->SetLanguage(arabic);
     mActions.SetLanguage(arabic);
-    mFinder.Clear();
-    mPages.reset();
+    mViewed = true;
+    Empty();
     ReadPages();
     mPages = std::make_shared<viewer::PageStore>(mReport);
     mDesk->Show(mPages);
@@ -74,11 +74,31 @@ std::int32_t ViewerWidget::View(bool arabic) {
 }
 
 void ViewerWidget::Renew() {
-    if (!mPages) return;
+    if (!mViewed) return;
     mFinder.Stop();
-    ReadPages();
-    mDesk->Renew();
+    const std::int32_t page = mDesk->CurrentPage();
+    const std::int32_t count = mDesk->PageCount();
+    try {
+        ReadPages();
+        if (!mPages) {
+            mPages = std::make_shared<viewer::PageStore>(mReport);
+            mDesk->Show(mPages);
+        } else {
+            mDesk->Renew();
+        }
+    } catch (...) { // what was shown is no longer so, and what is so would be read at the next look
+        Empty();
+        throw;
+    }
     if (mFind->isVisible()) StartFinding(mFind->Text());
+    if ((mDesk->CurrentPage() != page || mDesk->PageCount() != count) && pageChanged) pageChanged();
+}
+
+void ViewerWidget::Empty() {
+    mFinder.Clear();
+    mFind->ShowCounts();
+    mPages.reset();
+    mDesk->Empty();
 }
 
 void ViewerWidget::ReadPages() {
@@ -99,7 +119,7 @@ void ViewerWidget::Run(ViewerCommand command) {
         mFind->Open();
         break;
     case ViewerCommand::Copy:
-        if (mDesk->HasSelection()) QGuiApplication::clipboard()->setText(mDesk->SelectedText());
+        CopySelection();
         break;
     case ViewerCommand::FitWidth:
         mDesk->SetFit(viewer::DeskArea::Fit::Width);
@@ -108,7 +128,7 @@ void ViewerWidget::Run(ViewerCommand command) {
         mDesk->SetFit(viewer::DeskArea::Fit::Page);
         break;
     case ViewerCommand::FullSize:
-        mDesk->SetZoom(100);
+        if (fullSize) fullSize();
         break;
     case ViewerCommand::GoToPage:
         AskForPage();
@@ -125,6 +145,14 @@ void ViewerWidget::Run(ViewerCommand command) {
     case ViewerCommand::SaveHtml:
         Save(viewer::SaveFormat::Html);
         break;
+    }
+}
+
+void ViewerWidget::CopySelection() {
+    if (!mDesk->HasSelection()) return;
+    try {
+        QGuiApplication::clipboard()->setText(mDesk->SelectedText());
+    } catch (const Failure&) { // told of where the page is drawn
     }
 }
 

@@ -23,11 +23,12 @@ public:
     explicit ViewerWidget(QWidget* parent = nullptr);
     ~ViewerWidget() override;
 
-    /// Another page is shown, by the viewer's own doing.
+    /// Another page is shown, by the viewer's own doing, or the report has another number of them.
     std::function<void()> pageChanged;
     /// The reader asks for the next larger or smaller zoom level.
     std::function<void(bool in)> zoomStep;
-
+    /// The reader asks for pages in their own size.
+    std::function<void()> fullSize;
     /// A menu of the viewer is about to open: its owner may give it the look of other menus.
     std::function<void(QMenu& menu)> dressMenu;
 
@@ -40,6 +41,8 @@ public:
     void SetReport(const Ref<CrystalRuntime::Report>& report);
     /// Gives the number of pages.
     std::int32_t View(bool arabic);
+    /// Shows what the report has become. Where that is not read to its end the desk stays empty until this is
+    /// asked for again.
     void Renew();
     [[nodiscard]] bool IsBusy() const { return mBusy; }
     void Run(viewer::ViewerCommand command);
@@ -50,6 +53,8 @@ protected:
 
 private:
     void ReadPages();
+    void Empty();
+    void CopySelection();
     void StartFinding(const QString& text);
     void CloseFind();
     void AskForPage();
@@ -64,6 +69,7 @@ private:
     std::shared_ptr<CRViewer> mPort;
     bool mArabic = true;
     bool mBusy = false;
+    bool mViewed = false; ///< asked for once; a report that was only handed over is not read
 };
 
 } // namespace qbrpt::qt
