@@ -54,7 +54,7 @@ public:
     void SetIcon(WindowHandle window, IconSize size, IconHandle icon);
     /// Of the title, in bytes.
     [[nodiscard]] std::size_t GetWindowTextLength(WindowHandle window);
-    /// At most `size` - 1 bytes of the title; may hold NULs behind its end.
+    /// At most `size` - 1 bytes of the title, in whole letters; may hold NULs behind its end.
     [[nodiscard]] std::string GetWindowText(WindowHandle window, std::size_t size);
     void ShowWindow(WindowHandle window, ShowCommand command);
     /// Places a window, in pixels, without painting it.

@@ -195,17 +195,32 @@ TEST_F(BuiltForm, EachResizeIsHeardAndTheStripKeepsTheWholeWidth) {
     ShowAndDo({[&] {
                    EXPECT_GE(resizes(), 1);
                    events.heard.clear();
-                   Window().resize(300, 200); // narrower than the tool bar
+                   Window().resize(100, 50); // less than there must be, and that narrower than the tool bar
                },
                [&] {
                    EXPECT_GE(resizes(), 1);
-                   EXPECT_EQ(form->ScaleWidth(), 4500);
-                   EXPECT_EQ(form->ToolbarOf("Toolbar2")->Width(), 4500);
+                   EXPECT_EQ(form->ScaleWidth(), 4800);
+                   EXPECT_EQ(Window().height(), 240);
+                   EXPECT_EQ(form->ToolbarOf("Toolbar2")->Width(), 4800);
                    const Ref<Toolbar> bar = form->ToolbarOf("Toolbar1");
-                   EXPECT_GT(bar->Width(), 4500);
-                   bar->Move(4500 - bar->Width(), 2);
+                   EXPECT_GT(bar->Width(), 4800);
+                   bar->Move(4800 - bar->Width(), 2);
                    EXPECT_LT(Find<QWidget>("buttonBar").x(), 0);
                }});
+}
+
+TEST_F(BuiltForm, ATitleIsShownLetterForLetter) {
+    Windows& windows = *Platform::Current().windows;
+    for (const char* title :
+         {"مقهى الواحة [Printing]", "قائمة [*] [Printing]", "[*][*]", "a[*]b[*][*]c [*", ""}) {
+        form->SetCaption(title);
+        Window().winId(); // so that there is a window to bear it
+        EXPECT_EQ(Window().windowHandle()->title().toStdString(), title);
+        EXPECT_EQ(windows.GetWindowText(form->hWnd(), 100), title);
+        EXPECT_EQ(windows.GetWindowTextLength(form->hWnd()), std::string_view(title).size());
+    }
+    form->SetCaption("مقهى");
+    EXPECT_EQ(windows.GetWindowText(form->hWnd(), 8), "مقه") << "letters stay whole";
 }
 
 TEST_F(BuiltForm, AMinimisedWindowHasNoInnerSize) {

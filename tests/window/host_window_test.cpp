@@ -80,6 +80,16 @@ TEST_P(HostWindow, TellsItsTitleInAnyAge) {
     EXPECT_EQ(windows.GetWindowTextLength(host.Id()), 17U);
     EXPECT_EQ(windows.GetWindowText(host.Id(), 18), "مقهى نسمة");
     EXPECT_EQ(windows.GetWindowText(host.Id(), 9), "مقهى");
+    EXPECT_EQ(windows.GetWindowText(host.Id(), 8), "مقه") << "letters stay whole";
+}
+
+TEST_P(HostWindow, KeepsTheLettersOfAVeryLongTitleWhole) {
+    std::string title = "a"; // so that every cut at an even byte is one through a letter
+    for (int letter = 0; letter < 9000; ++letter)
+        title += "م";
+    host.SetText("_NET_WM_NAME", "UTF8_STRING", title);
+    EXPECT_EQ(windows.GetWindowText(host.Id(), 40'000), title.substr(0, 16'383));
+    EXPECT_EQ(windows.GetWindowTextLength(host.Id()), 16'383U);
 }
 
 TEST_P(HostWindow, StandsForItsIcon) {

@@ -114,7 +114,7 @@ BoxAnswer QtBoxes::DoMsgBox(const std::string& text, int style, const std::strin
     box.setStyleSheet(BoxStyleSheet());
     box.setLayoutDirection(Qt::RightToLeft);
     box.setWindowIcon(Drawing("window"));
-    box.setWindowTitle(QString::fromStdString(title));
+    SetTitle(box, title);
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     box.setText(KeptInOrderByLines(QString::fromStdString(text)));

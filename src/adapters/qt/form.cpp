@@ -24,7 +24,7 @@ constexpr Qt::WindowStates OtherStates = Qt::WindowMinimized | Qt::WindowMaximiz
 
 QtForm::QtForm(const FormTable& table, FormEvents& events)
     : mEvents(events), mWindow(std::make_unique<FormWindow>(table.isDialog)) {
-    mWindow->setWindowTitle(Text(table.caption));
+    SetTitle(*mWindow, table.caption);
     mWindow->resized = [this] {
         if (!mControls) return;
         mControls->StretchStrips();
@@ -101,7 +101,7 @@ void QtForm::Closing() {
 }
 
 void QtForm::DoSetCaption(const std::string& caption) {
-    mWindow->setWindowTitle(QString::fromStdString(caption));
+    SetTitle(*mWindow, caption);
 }
 
 WindowState QtForm::DoState() {

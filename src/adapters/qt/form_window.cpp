@@ -41,7 +41,8 @@ FormWindow::FormWindow(bool isDialog)
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);
-    rows->setSizeConstraint(QLayout::SetNoConstraint); // the user may make the window as small as he likes
+    rows->setSizeConstraint(QLayout::SetNoConstraint); // smaller than what stands in it, but not than this:
+    if (!mIsDialog) setMinimumSize(Measure::LeastWidth, Measure::LeastHeight);
     rows->addWidget(mMenuBar);
     rows->addWidget(mClient, 1);
 }

@@ -24,7 +24,8 @@ public:
     void CentreOnScreen();
     /// A dialog keeps the size that it has now.
     void FixSize();
-    /// Places the window with its frame. Before it is first shown `frame` tells how wide that will be.
+    /// Places the window with its frame, at its least size where it is given less. Before it is first shown
+    /// `frame` tells how wide that will be.
     void PlaceOuter(const QRect& outer, const QMargins& frame);
     [[nodiscard]] QMargins Frame() const;
 

@@ -17,6 +17,10 @@ constexpr int ButtonGap = 2;
 constexpr int SeparatorHeight = 22;
 constexpr int SeparatorGap = 6;
 constexpr int BarMargin = 6;
+/// A window that its user sizes is never smaller: its title's buttons have room, and so has a piece of a
+/// page.
+constexpr int LeastWidth = 320;
+constexpr int LeastHeight = 240;
 constexpr double DisabledIcon = 0.32; ///< opacity
 } // namespace Measure
 

@@ -2,6 +2,7 @@
 
 #include <QtCore/QChar>
 #include <QtCore/QStringList>
+#include <QtWidgets/QWidget>
 
 namespace qbrpt::qt {
 
@@ -9,6 +10,9 @@ namespace {
 
 constexpr QChar LeftToRightIsolate(0x2066);
 constexpr QChar PopIsolate(0x2069);
+
+// Stands for the star of a changed document, and twice for itself.
+const QString Placeholder = QStringLiteral("[*]");
 
 bool BeginsFromTheRight(const QString& text) {
     for (const QChar letter : text) {
@@ -30,6 +34,14 @@ QString KeptInOrderByLines(QString text) {
     for (QString& line : lines)
         line = KeptInOrder(line);
     return lines.join('\n');
+}
+
+void SetTitle(QWidget& window, std::string_view title) {
+    window.setWindowTitle(Text(title).replace(Placeholder, Placeholder + Placeholder));
+}
+
+std::string TitleOf(const QWidget& window) {
+    return window.windowTitle().replace(Placeholder + Placeholder, Placeholder).toStdString();
 }
 
 } // namespace qbrpt::qt

@@ -3,7 +3,10 @@
 
 #include <QtCore/QString>
 
+#include <string>
 #include <string_view>
+
+class QWidget;
 
 namespace qbrpt::qt {
 
@@ -16,5 +19,9 @@ namespace qbrpt::qt {
 
 /// The same for each line of a text, whichever way its lines are parted.
 [[nodiscard]] QString KeptInOrderByLines(QString text);
+
+/// The title of a window, letter for letter: Qt has a use of its own for "[*]".
+void SetTitle(QWidget& window, std::string_view title);
+[[nodiscard]] std::string TitleOf(const QWidget& window);
 
 } // namespace qbrpt::qt

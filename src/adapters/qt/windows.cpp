@@ -3,6 +3,8 @@
 #include "adapters/qt/application.h"
 #include "adapters/qt/handles.h"
 #include "adapters/qt/host_window.h"
+#include "adapters/qt/shown_text.h"
+#include "base/utf8.h"
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
@@ -63,6 +65,7 @@ WindowHandle QtWindows::DoGetParent(WindowHandle window) {
 bool QtWindows::DoGetWindowPlacement(WindowHandle window, WindowPlace& place) {
     const FormWindow* form = OwnForm(window);
     if (form == nullptr) {
+        mHostFrame = {};
         if (IsOurs(window) || !OnX() || !XcbWindows::DoGetWindowPlacement(window, place)) return false;
         mHostFrame = HostFrame(window);
         // The window system does not know where a maximised window stood before, but its toolkit does.
@@ -96,13 +99,13 @@ void QtWindows::DoSetIcon(WindowHandle window, IconSize size, IconHandle icon) {
 }
 
 std::size_t QtWindows::DoGetWindowTextLength(WindowHandle window) {
-    if (const FormWindow* form = OwnForm(window)) return form->windowTitle().toStdString().size();
+    if (const FormWindow* form = OwnForm(window)) return TitleOf(*form).size();
     return IsOurs(window) || !OnX() ? 0 : XcbWindows::DoGetWindowTextLength(window);
 }
 
 std::string QtWindows::DoGetWindowText(WindowHandle window, std::size_t size) {
     if (const FormWindow* form = OwnForm(window))
-        return form->windowTitle().toStdString().substr(0, size == 0 ? 0 : size - 1);
+        return std::string(WholeCharacters(TitleOf(*form), size == 0 ? 0 : size - 1));
     return IsOurs(window) || !OnX() ? std::string{} : XcbWindows::DoGetWindowText(window, size);
 }
 

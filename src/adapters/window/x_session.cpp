@@ -1,5 +1,7 @@
 #include "adapters/window/x_session.h"
 
+#include "base/utf8.h"
+
 #include <algorithm>
 
 namespace qbrpt {
@@ -45,14 +47,17 @@ std::vector<std::uint32_t> XSession::Numbers(xcb_window_t window, std::string_vi
 }
 
 std::string XSession::Text(xcb_window_t window, std::string_view property) const {
-    constexpr std::uint32_t longest = 4096; // words of four bytes
+    constexpr std::size_t longest = 16384;
+    constexpr std::uint32_t words = longest / 4 + 1; // the last one holds the rest of a letter that is cut
     const xcb_atom_t atom = Atom(property);
     if (atom == XCB_ATOM_NONE) return {};
     const auto cookie =
-        xcb_get_property(mConnection.get(), 0, window, atom, XCB_GET_PROPERTY_TYPE_ANY, 0, longest);
+        xcb_get_property(mConnection.get(), 0, window, atom, XCB_GET_PROPERTY_TYPE_ANY, 0, words);
     const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(mConnection.get(), cookie, nullptr));
     if (!reply || reply->format != 8) return {};
-    return {static_cast<const char*>(xcb_get_property_value(reply.get())), reply->value_len};
+    const std::string_view text(static_cast<const char*>(xcb_get_property_value(reply.get())),
+                                reply->value_len);
+    return std::string(WholeCharacters(text, longest));
 }
 
 bool XSession::HasProperty(xcb_window_t window, std::string_view property) const {

@@ -2,6 +2,7 @@
 
 #include "adapters/window/top_window.h"
 #include "adapters/window/x_session.h"
+#include "base/utf8.h"
 
 #include <unistd.h>
 
@@ -85,7 +86,7 @@ std::size_t XcbWindows::DoGetWindowTextLength(WindowHandle window) {
 std::string XcbWindows::DoGetWindowText(WindowHandle window, std::size_t size) {
     const XSession session;
     if (!session.Connected() || size == 0) return {};
-    return TopWindow(session, window).Title().substr(0, size - 1);
+    return std::string(WholeCharacters(TopWindow(session, window).Title(), size - 1));
 }
 
 void XcbWindows::DoShowWindow(WindowHandle window, ShowCommand command) {
