@@ -41,7 +41,7 @@ TEST_F(AskingMember, TheAccountsAreEditedInTheHostsDatabase) {
                  EXPECT_TRUE(Waits([this] {
                      return cafe.Ask("SELECT count(*) FROM account_src WHERE name = 'Petty cash'") == "1";
                  }));
-                 Keys({"alt+F4"});
+                 UserClosesWindow();
              })});
     EXPECT_EQ(ActiveDialog(Accounts), nullptr);
 }
@@ -55,7 +55,7 @@ TEST_F(AskingMember, ThePrintedAccountsComeBackToTheirWindow) {
                      UserClicks(OpenPart<QWidget>("chkAll"));
                      UserClicks(OpenPart<QWidget>("cmdPrint"));
                  }),
-              InPreview([] { Keys({"alt+F4"}); }), In(Accounts, [] { Keys({"alt+F4"}); })});
+              InPreview([] { UserClosesWindow(); }), In(Accounts, [] { UserClosesWindow(); })});
 }
 
 TEST_F(AskingMember, TheOptionsBecomeTheReport) {
@@ -69,14 +69,14 @@ TEST_F(AskingMember, TheOptionsBecomeTheReport) {
                  }),
               InPreview([this] {
                   EXPECT_FALSE(window->isVisible());
-                  Keys({"alt+F4"});
+                  UserClosesWindow();
               })});
 }
 
 TEST_F(AskingMember, TheOptionsRefusedEndItInSilence) {
     RunAndDo("PrintMembersInfo", {In(Options, [] { Keys({"Escape"}); })});
     RunAndDo("PrintMembersInfo", {In(Options, [] { UserClicks(OpenPart<QWidget>("Cancel")); })});
-    RunAndDo("PrintMembersInfo", {In(Options, [] { Keys({"alt+F4"}); })});
+    RunAndDo("PrintMembersInfo", {In(Options, [] { UserClosesWindow(); })});
     EXPECT_EQ(Preview(), nullptr);
 }
 

@@ -128,7 +128,7 @@ TEST_F(CafeHost, StandsBehindThePreviewAndComesBackWhereItWas) {
                                       EXPECT_EQ(Preview()->windowTitle(), "مقهى الواحة [Printing]");
                                       EXPECT_FALSE(window->isVisible());
                                       EXPECT_TRUE(Waits([&] { return Preview()->frameGeometry() == place; }));
-                                      User({"key", "alt+F4"});
+                                      UserClosesWindow();
                                   });
         User({"key", "ctrl+Return"});
         EXPECT_TRUE(Waits([&] { return Status() == "انتهى الأمر PrintIncome."; })) << turn;

@@ -109,7 +109,7 @@ protected:
         });
     }
     [[nodiscard]] UserStep Leave(const char* printer, std::size_t jobs) {
-        return Out(printer, jobs, [] { Keys({"alt+F4"}); });
+        return Out(printer, jobs, [] { UserClosesWindow(); });
     }
 
     /// All sheets of one kind, each a page of this report.
@@ -228,7 +228,7 @@ TEST_F(PreviewForFolder, PrintsNothingThatIsCancelled) {
                PrintByKey(), SetupByKeys(), In(SetupDialog, [] { Keys({"Escape"}); }), // as it was
                Named("folder", escape),                                                //
                PrintByKey(), In(PrintDialog, [] { UserClicks(OpenPart<QWidget>("Cancel")); }), PrintByKey(),
-               In(PrintDialog, [] { Keys({"alt+F4"}); }), PrintByKey(),
+               In(PrintDialog, [] { UserClosesWindow(); }), PrintByKey(),
                In(PrintDialog, [] { Keys({"Return"}); }), // the only job
                Leave("folder", 1)});
     EXPECT_EQ(service.JobsUnderWay(), 0U);

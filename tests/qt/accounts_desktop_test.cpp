@@ -37,7 +37,7 @@ TEST_F(AccountsDesktop, IsWorkedByKeyboardAlone) {
         EXPECT_TRUE(Waits([] { return In<QWidget>("TabPic(2)").isVisible(); }));
         Key({"ctrl+shift+Tab"});
         EXPECT_TRUE(Waits([] { return In<QWidget>("TabPic(1)").isVisible(); }));
-        Key({"alt+F4"});
+        UserClosesWindow();
         EXPECT_TRUE(Waits([] { return OpenForm() == nullptr; }));
     });
     EXPECT_EQ(Names(), "Till Vault Safe Rent");

@@ -104,7 +104,7 @@ TEST_F(DialogDesktop, IsRefusedByEscape) {
 }
 
 TEST_F(DialogDesktop, IsClosedByItsFrame) {
-    UserDoes([&] { User({"key", "alt+F4"}); });
+    UserDoes([&] { UserClosesWindow(); });
     EXPECT_THAT(events.Of("unload"), ElementsAre("unload"));
     EXPECT_THAT(events.Of("activate"), ElementsAre("activate"));
 }
