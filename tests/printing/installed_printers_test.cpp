@@ -9,7 +9,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <future>
+#include <iterator>
+#include <thread>
 
 namespace qbrpt {
 namespace {
@@ -241,6 +244,11 @@ TEST_F(InstalledPrintersTest, TheSpoolersPortTellsOfThem) {
 }
 
 TEST(HelperThread, IsWaitedForNoLongerThanItIsWorth) {
+    const auto threads = [] {
+        const std::filesystem::directory_iterator tasks("/proc/self/task");
+        return std::distance(begin(tasks), end(tasks));
+    };
+    const auto alone = threads();
     bool done = false;
     EXPECT_TRUE(RunWithin(std::chrono::seconds(10), [&] { done = true; }));
     EXPECT_TRUE(done);
@@ -249,6 +257,10 @@ TEST(HelperThread, IsWaitedForNoLongerThanItIsWorth) {
     EXPECT_FALSE(RunWithin(std::chrono::milliseconds(50), [never] { never->get_future().wait(); }));
     EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(5));
     never->set_value();
+    const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (threads() != alone && std::chrono::steady_clock::now() < until)
+        std::this_thread::yield();
+    EXPECT_EQ(threads(), alone) << "the one given up goes on to its end";
 }
 
 } // namespace
