@@ -1,6 +1,7 @@
 #include "adapters/printing/cups/listed_printer.h"
 
 #include "adapters/printing/cups/offers.h"
+#include "base/latin.h"
 #include "base/paper.h"
 
 #include <algorithm>
@@ -81,12 +82,8 @@ std::string DefaultMedia(const cups_dest_t* printer, const Asked& asked) {
 /// Letters and digits alone, small ones: "Tray2" and "tray-2" are one tray.
 std::string Bare(std::string_view word) {
     std::string bare;
-    for (const char c : word) {
-        if (c >= 'A' && c <= 'Z')
-            bare += static_cast<char>(c - 'A' + 'a');
-        else if (c != '-' && c != '_' && c != ' ')
-            bare += c;
-    }
+    for (const char c : word)
+        if (c != '-' && c != '_' && c != ' ') bare += SmallLatin(c);
     return bare;
 }
 
