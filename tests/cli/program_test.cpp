@@ -100,7 +100,7 @@ TEST(Program, BillsAlwaysSucceed) {
 }
 
 TEST(Program, AnAnswerThatCannotBeWrittenIsAnError) {
-    const ProgramResult result = RunProgram({"sh", "-c", QBRPT_COMMAND " CanPrint > /dev/full"});
+    const ProgramResult result = RunProgram({"sh", "-c", "\"$0\" CanPrint > /dev/full", QBRPT_COMMAND});
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.err, HasSubstr("could not be written"));
 }
