@@ -143,9 +143,8 @@ int RunPrinters(const PrintersCall& call) {
         for (const InstalledPrinter& printer : *all)
             Show(printer, &printer == &all->front());
     }
-    std::cout << std::flush;
     if (!printers->Trouble().empty()) std::cerr << "qbrpt: " << printers->Trouble() << '\n';
-    return !printers->Hung() && std::cout ? ReportMade : ErrorShown;
+    return !printers->Hung() ? ReportMade : ErrorShown;
 }
 
 } // namespace qbrpt::cli

@@ -100,9 +100,16 @@ TEST(Program, BillsAlwaysSucceed) {
 }
 
 TEST(Program, AnAnswerThatCannotBeWrittenIsAnError) {
-    const ProgramResult result = RunProgram({"sh", "-c", "\"$0\" CanPrint > /dev/full", QBRPT_COMMAND});
-    EXPECT_EQ(result.status, 1);
-    EXPECT_THAT(result.err, HasSubstr("could not be written"));
+    const Cafe cafe;
+    for (const std::vector<std::string>& words : {std::vector<std::string>{"CanPrint"},
+                                                  {"printers", "--json"},
+                                                  {"accounts", "--db", cafe.Database()}}) {
+        std::vector<std::string> command = {"sh", "-c", "\"$0\" \"$@\" > /dev/full", QBRPT_COMMAND};
+        command.insert(command.end(), words.begin(), words.end());
+        const ProgramResult result = RunProgram(command);
+        EXPECT_EQ(result.status, 1) << words.front();
+        EXPECT_THAT(result.err, HasSubstr("could not be written")) << words.front();
+    }
 }
 
 TEST(Program, NothingIsWrittenOverTheBooks) {
